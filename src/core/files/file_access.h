@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The one door to the disk. Paths are the platform's own bytes. Failures are run-time errors: 53 no such file, 76 no
+/// such folder, 75 no permission or not a regular file, 61 disk full, 57 device error.
+namespace MFileAccess {
+
+/// Larger files are refused (error 7): no document comes near this, and a hostile one must not fill the memory.
+inline constexpr std::size_t kMaxFileSize = std::size_t{256} << 20;
+
+/// The whole content of a regular file.
+std::string ReadWholeFile(const std::string& path);
+
+/// Makes `content` the content of the file, whole or not at all: it is written beside the target, flushed to disk and
+/// renamed over it. A link is followed, and an existing file keeps its mode and owner. A target whose mode forbids
+/// writing is refused, also to root.
+void ReplaceFile(const std::string& path, std::string_view content);
+
+/// Copies a file's bytes by way of ReplaceFile. A file isn't copied onto itself: that is error 75.
+void CopyFile(const std::string& from, const std::string& to);
+
+/// Deletes a file; one that isn't there is error 53.
+void DeleteFile(const std::string& path);
+
+/// 0 nothing there, 1 a folder, -1 a file.
+int KindOf(const std::string& path);
+
+void MakeFolder(const std::string& path);
+
+/// What changes when somebody writes to a file: enough to see that a copy in memory is stale.
+struct CFileStamp {
+    bool exists = false;
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;
+    std::int64_t modifiedSeconds = 0;
+    std::int64_t modifiedNanoseconds = 0;
+
+    bool operator==(const CFileStamp&) const = default;
+};
+CFileStamp StampOf(const std::string& path);
+
+}  // namespace MFileAccess

@@ -1,0 +1,136 @@
+#include "core/files/sequential.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <map>
+#include <memory>
+
+#include "core/files/file_access.h"
+#include "core/files/number_text.h"
+#include "core/files/runtime_error.h"
+
+namespace {
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+bool IsSeparator(char c) {
+    return c == ',' || c == '\r' || c == '\n';
+}
+
+}  // namespace
+
+CSequentialInput::CSequentialInput(const std::string& path) : content_(MFileAccess::ReadWholeFile(path)) {}
+
+std::string CSequentialInput::ReadText() {
+    if (AtEnd()) throw CRuntimeError(ErrorNumber::PastEndOfFile);
+    while (!AtEnd() && IsBlank(content_[at_]))
+        ++at_;
+
+    std::string text;
+    if (!AtEnd() && content_[at_] == '"') {
+        const std::size_t close = content_.find('"', at_ + 1);
+        text = content_.substr(at_ + 1, close == std::string::npos ? close : close - at_ - 1);
+        at_ = close == std::string::npos ? content_.size() : close + 1;
+        while (!AtEnd() && !IsSeparator(content_[at_]))
+            ++at_;
+    } else {
+        const std::size_t begin = at_;
+        while (!AtEnd() && !IsSeparator(content_[at_]))
+            ++at_;
+        text = content_.substr(begin, at_ - begin);
+    }
+    SkipSeparator();
+    return text;
+}
+
+void CSequentialInput::SkipSeparator() {
+    if (AtEnd()) return;
+    const bool lineEnd = content_[at_] == '\r' && at_ + 1 < content_.size() && content_[at_ + 1] == '\n';
+    at_ += lineEnd ? 2 : 1;
+}
+
+std::int16_t CSequentialInput::ReadInt16() {
+    return MNumberText::RoundToInt16(ReadReal());
+}
+
+std::int32_t CSequentialInput::ReadInt32() {
+    return MNumberText::RoundToInt32(ReadReal());
+}
+
+double CSequentialInput::ReadReal() {
+    return MNumberText::ToReal(ReadText());
+}
+
+float CSequentialInput::ReadSingle() {
+    return MNumberText::ToSingle(ReadReal());
+}
+
+bool CSequentialInput::SkipToTag(std::string_view tag) {
+    while (!AtEnd()) {
+        if (ReadTag(tag)) return true;
+    }
+    return false;
+}
+
+namespace MTextOutput {
+
+namespace {
+
+struct SCloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using CFilePtr = std::unique_ptr<std::FILE, SCloseFile>;
+
+std::map<std::int16_t, CFilePtr>& OpenFiles() {
+    static std::map<std::int16_t, CFilePtr> files;
+    return files;
+}
+
+[[noreturn]] void RaiseForWrite() {
+    throw CRuntimeError(errno == ENOSPC ? ErrorNumber::DiskFull : ErrorNumber::DeviceError);
+}
+
+ErrorNumber OpenError(const std::string& path) {
+    if (errno == ENOSPC) return ErrorNumber::DiskFull;
+    return errno == ENOENT && !path.empty() ? ErrorNumber::PathNotFound : ErrorNumber::PathFileAccess;
+}
+
+}  // namespace
+
+std::int16_t Open(const std::string& path) {
+    constexpr std::int16_t kHighest = 511;
+    auto& files = OpenFiles();
+    std::int16_t number = 1;
+    while (files.contains(number))
+        ++number;
+    if (number > kHighest) throw CRuntimeError(ErrorNumber::BadFileNumber);
+    CFilePtr file(std::fopen(path.c_str(), "wbe"));
+    if (!file) throw CRuntimeError(OpenError(path));
+    files.emplace(number, std::move(file));
+    return number;
+}
+
+void Print(std::int16_t fileNumber, std::string_view text) {
+    const auto found = OpenFiles().find(fileNumber);
+    if (found == OpenFiles().end()) throw CRuntimeError(ErrorNumber::BadFileNumber);
+    std::FILE* file = found->second.get();
+    if (std::fwrite(text.data(), 1, text.size(), file) != text.size() || std::fwrite("\r\n", 1, 2, file) != 2) {
+        RaiseForWrite();
+    }
+}
+
+void Close(std::int16_t fileNumber) {
+    const auto found = OpenFiles().find(fileNumber);
+    if (found == OpenFiles().end()) throw CRuntimeError(ErrorNumber::BadFileNumber);
+    CFilePtr file = std::move(found->second);
+    OpenFiles().erase(found);
+    if (std::fclose(file.release()) != 0) RaiseForWrite();
+}
+
+void Abandon(std::int16_t fileNumber) noexcept {
+    OpenFiles().erase(fileNumber);
+}
+
+}  // namespace MTextOutput
