@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QColor>
+#include <cstdint>
+
+/// A 24-bit colour in the toolkit's order: blue in the high byte, red in the low. 0xff8080 is R 0x80, G 0x80, B 0xff.
+using Colour = std::uint32_t;
+
+QColor ToQColor(Colour colour);
+Colour FromQColor(const QColor& colour);
+
+/// `share` of `other` (0 to 1) mixed into `colour`.
+QColor Mix(const QColor& colour, const QColor& other, double share);
+/// Contrast of two colours, from 1 (none) to 21 (black on white); text wants 4.5.
+double Contrast(const QColor& a, const QColor& b);
+/// `preferred`, darkened or lightened until it is readable on `ground`.
+QColor ReadableOn(const QColor& ground, const QColor& preferred, double contrast);

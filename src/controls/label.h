@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QLabel>
+
+#include "controls/control.h"
+
+/// A text on a form: plain text always.
+class QXLabel : public CControl<QLabel> {
+    Q_OBJECT
+  public:
+    QXLabel(CForm* form, const char* name, std::optional<int> index = std::nullopt);
+
+    const std::string& Caption() const { return caption_; }
+    std::string NamingCaption() const override { return caption_; }
+    void SetCaption(std::string_view caption);
+    bool WordWrap() const { return wordWrap(); }
+    void SetWordWrap(bool on);
+    Qt::Alignment Alignment() const { return alignment(); }
+    void SetAlignment(Qt::Alignment alignment);
+    /// Blank pixels left and right of the text, and half of them above and below; 0 at first.
+    void SetPadding(int pixels);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+  protected:
+    void LookChanged() override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QSize TextSize(int width) const;
+    int WrapFlags(int inner) const;
+
+    std::string caption_;
+    int padding_ = 0;
+    bool aligned_ = false;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QGridLayout>
+
+#include "controls/frame.h"
+
+/// Layouts on one grid. Give `nullptr` for a layout that goes into another one.
+namespace MLayout {
+
+inline constexpr int FormMargin = 14;  ///< around the content of a form
+inline constexpr int Gap = 8;          ///< between controls
+inline constexpr int FrameGap = 12;    ///< between frames, and between a frame and its content
+
+QVBoxLayout* Column(QWidget* parent = nullptr, int gap = Gap);
+QHBoxLayout* Row(QWidget* parent = nullptr, int gap = Gap);
+QGridLayout* Grid(QWidget* parent = nullptr, int gap = Gap);
+
+/// Margins of a form's outermost layout.
+template <class Layout>
+Layout* WithFormMargins(Layout* layout) {
+    layout->setContentsMargins(FormMargin, FormMargin, FormMargin, FormMargin);
+    return layout;
+}
+
+}  // namespace MLayout

@@ -1,0 +1,183 @@
+#include "controls/text_edit.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <limits>
+
+#include "controls/ansi_qt.h"
+#include "controls/painting.h"
+
+namespace {
+
+constexpr int kHeight = 31;
+
+bool IsLeaving(Qt::FocusReason reason) {
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
+}
+
+bool IsDropped(QChar character) {
+    return character == u'\0' || character == u'\r' || character == u'\n' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
+}
+
+}  // namespace
+
+QXTextEdit::QXTextEdit(CForm* form, const char* name, std::optional<int> index) : CControl(form, name, index) {
+    setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max());
+    setTextMargins(6, 0, 6, 0);
+    setAttribute(Qt::WA_MacShowFocusRect, false);
+    LookChanged();
+    connect(this, &QLineEdit::textEdited, this, [this] { UserEdited(); });
+    // Undo, redo and clearing change the text without an edit of their own.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& now) {
+        if (now != known_) UserEdited();
+    });
+}
+
+std::string QXTextEdit::Text() const {
+    return pathField_ ? ToPath(text()) : ToAnsi(text());
+}
+
+void QXTextEdit::SetText(std::string_view text) {
+    const QString now = pathField_ ? FromPath(text) : FromAnsi(text);
+    if (now == this->text()) return;
+    const int cursor = cursorPosition();
+    {
+        const QSignalBlocker quiet(this);
+        setText(now);
+        setCursorPosition(std::min(cursor, static_cast<int>(now.size())));
+    }
+    known_ = now;
+    if (change_) {
+        const std::function<void()> change = change_;
+        change();
+    }
+}
+
+bool QXTextEdit::Passes(QChar character) const {
+    if (!allowedKeys_.empty()) return FromAnsi(allowedKeys_).contains(character);
+    const bool digit = character >= u'0' && character <= u'9';
+    if (dataType_ == 1) return digit;
+    if (dataType_ == 2) return digit || character == u'.' || character == u'-';
+    return true;
+}
+
+QString QXTextEdit::Clean(const QString& entered) const {
+    QString kept = entered;
+    kept.removeIf(IsDropped);
+    const QString known = pathField_ ? kept : FromAnsi(ToAnsi(kept));
+    QString clean;
+    for (const QChar character : known) {
+        if (Passes(character)) clean += character;
+    }
+    return clean;
+}
+
+// What was entered lies between the beginning that is as before and the cursor.
+void QXTextEdit::UserEdited() {
+    const QString now = text();
+    if (now == known_) return;
+    const int cursor = cursorPosition();
+    const qsizetype shared = std::min<qsizetype>(cursor, known_.size());
+    qsizetype start = 0;
+    while (start < shared && now[start] == known_[start])
+        ++start;
+    const QString tail = now.mid(cursor);
+    if (!known_.endsWith(tail)) start = 0;  // the cursor tells nothing here, so all of it is looked at
+    start = std::min(start, std::max<qsizetype>(0, known_.size() - tail.size()));
+    QString entered = Clean(now.mid(start, cursor - start));
+    if (maxLength_ > 0) entered.truncate(std::max<qsizetype>(0, maxLength_ - start - tail.size()));
+
+    QString result = now.left(start) + entered + tail;
+    qsizetype place = start + entered.size();
+    if (entered.isEmpty() && cursor > start) {  // nothing of it passes, so nothing happens
+        result = known_;
+        place = std::min(place, result.size());
+    }
+    if (result != now) {
+        const QSignalBlocker quiet(this);
+        setText(result);
+        setCursorPosition(static_cast<int>(place));
+    }
+    if (result == known_) return;
+    known_ = result;
+    RaiseByUser(change_);
+}
+
+void QXTextEdit::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool printable = !typed.isEmpty() && typed[0].isPrint() && !(event->modifiers() & Qt::ControlModifier);
+    if (printable && !isReadOnly()) {
+        const bool full = maxLength_ > 0 && !hasSelectedText() && text().size() >= maxLength_;
+        if (full || Clean(typed).isEmpty()) {
+            event->accept();
+            return;
+        }
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void QXTextEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (!autoSelect_ || !IsLeaving(event->reason())) return;
+    selectAll();
+    enteredByClick_ = event->reason() == Qt::MouseFocusReason;
+}
+
+void QXTextEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    enteredByClick_ = false;
+    if (IsLeaving(event->reason())) RaiseByUser(leave_);
+}
+
+void QXTextEdit::mousePressEvent(QMouseEvent* event) {
+    // The click that entered the field leaves the selection alone.
+    swallowsMouse_ = std::exchange(enteredByClick_, false);
+    if (!swallowsMouse_) QLineEdit::mousePressEvent(event);
+}
+
+void QXTextEdit::mouseMoveEvent(QMouseEvent* event) {
+    if (!swallowsMouse_) QLineEdit::mouseMoveEvent(event);
+}
+
+void QXTextEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (!std::exchange(swallowsMouse_, false)) QLineEdit::mouseReleaseEvent(event);
+}
+
+void QXTextEdit::ApplyPalette() {
+    setPalette(MPainting::FieldPalette(Back(), Fore(), ToQColor(Form().BackColor())));
+}
+
+void QXTextEdit::LookChanged() {
+    setFont(LookFont());
+    ApplyPalette();
+    updateGeometry();
+}
+
+void QXTextEdit::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange) update();
+}
+
+void QXTextEdit::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Base));
+    }
+    QLineEdit::paintEvent(event);
+    if (hasFocus()) {
+        QPainter painter(this);
+        MPainting::DrawBorder(painter, rect(), Mix(Fore(), Back(), 0.25), 1);
+    }
+}
+
+QSize QXTextEdit::sizeHint() const {
+    return QSize(QLineEdit::sizeHint().width(), std::max(kHeight, fontMetrics().height() + 8));
+}
+
+QSize QXTextEdit::minimumSizeHint() const {
+    return QSize(fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 12, sizeHint().height());
+}

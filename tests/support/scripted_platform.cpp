@@ -1,0 +1,148 @@
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "core/files/runtime_error.h"
+
+namespace {
+
+const char* NameOf(BoxKind kind) {
+    switch (kind) {
+        case BoxKind::Plain:
+            return "plain";
+        case BoxKind::Critical:
+            return "critical";
+        case BoxKind::Warning:
+            return "warning";
+        case BoxKind::Question:
+            return "question";
+        case BoxKind::Information:
+            return "information";
+    }
+    return "?";
+}
+
+const char* NameOf(BoxButtons buttons) {
+    switch (buttons) {
+        case BoxButtons::Ok:
+            return "OK";
+        case BoxButtons::OkCancel:
+            return "OK, Cancel";
+        case BoxButtons::YesNo:
+            return "Yes, No";
+        case BoxButtons::YesNoCancel:
+            return "Yes, No, Cancel";
+    }
+    return "?";
+}
+
+std::string BoxText(BoxKind kind, BoxButtons buttons, const std::string& text) {
+    return std::string(NameOf(kind)) + " box [" + NameOf(buttons) + "]: " + text;
+}
+
+// The answer that loses least, for a box that nobody expected.
+BoxAnswer SafeAnswer(BoxButtons buttons) {
+    if (buttons == BoxButtons::Ok) return BoxAnswer::Ok;
+    return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
+}
+
+IPlatform* InstalledBefore() {
+    try {
+        return &MPlatform::Current();
+    } catch (const CRuntimeError&) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+CScriptedPlatform::CScriptedPlatform() : former_(InstalledBefore()) {
+    MPlatform::Install(this);
+}
+
+CScriptedPlatform::~CScriptedPlatform() {
+    Verify();
+    MPlatform::Install(former_);
+}
+
+void CScriptedPlatform::ExpectBox(BoxKind kind, BoxButtons buttons, const std::string& text, BoxAnswer answer) {
+    expected_.push_back({BoxText(kind, buttons, text), answer, false, {}, nullptr, nullptr});
+}
+
+void CScriptedPlatform::ExpectOpen(const std::string& fileName, std::function<void(const CFileDialog&)> look) {
+    expected_.push_back({"open dialog", BoxAnswer::Ok, !fileName.empty(), fileName, std::move(look), nullptr});
+}
+
+void CScriptedPlatform::ExpectSave(const std::string& fileName, std::function<void(const CFileDialog&)> look) {
+    expected_.push_back({"save dialog", BoxAnswer::Ok, !fileName.empty(), fileName, std::move(look), nullptr});
+}
+
+void CScriptedPlatform::ExpectPrint(bool accept, std::function<void(IPrintJob&)> print) {
+    expected_.push_back({"print dialog", BoxAnswer::Ok, accept, {}, nullptr, std::move(print)});
+}
+
+void CScriptedPlatform::Verify() {
+    for (const SExpected& missing : expected_)
+        ADD_FAILURE() << "Never came: " << missing.what;
+    expected_.clear();
+}
+
+bool CScriptedPlatform::Next(const std::string& what, SExpected& expected) {
+    if (expected_.empty()) {
+        ADD_FAILURE() << "Not expected: " << what;
+        return false;
+    }
+    expected = expected_.front();
+    if (expected.what != what) {
+        ADD_FAILURE() << "Expected: " << expected.what << "\nCame: " << what;
+        return false;
+    }
+    expected_.pop_front();
+    return true;
+}
+
+BoxAnswer CScriptedPlatform::ShowBox(BoxKind kind, BoxButtons buttons, const std::string& text) {
+    EXPECT_FALSE(Busy) << "The busy pointer stands over a box";
+    SExpected expected;
+    return Next(BoxText(kind, buttons, text), expected) ? expected.answer : SafeAnswer(buttons);
+}
+
+bool CScriptedPlatform::ShowOpen(CFileDialog& dialog) {
+    return ShowFile("open dialog", dialog);
+}
+
+bool CScriptedPlatform::ShowSave(CFileDialog& dialog) {
+    return ShowFile("save dialog", dialog);
+}
+
+bool CScriptedPlatform::ShowFile(const std::string& what, CFileDialog& dialog) {
+    SExpected expected;
+    if (!Next(what, expected)) return false;
+    if (expected.look) expected.look(dialog);
+    if (expected.accept) dialog.FileName = expected.fileName;
+    return expected.accept;
+}
+
+bool CScriptedPlatform::ShowPrint(IPrintJob& job) {
+    SExpected expected;
+    if (!Next("print dialog", expected)) return false;
+    if (expected.accept && expected.print) expected.print(job);
+    return expected.accept;
+}
+
+int CScriptedPlatform::ShellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
+                                    const std::string& folder, int showMode) {
+    ShellExecutes.push_back({verb, file, parameters, folder, showMode});
+    return ShellResult;
+}
+
+void CScriptedPlatform::ProcessEvents() {
+    if (OnProcessEvents) OnProcessEvents();
+}
+
+void CScriptedPlatform::SetBusyPointer(bool busy) {
+    if (busy && !Busy) ++BusyCount;
+    Busy = busy;
+}
