@@ -182,19 +182,21 @@ void URoster2::ShowArmyRoster(const CArmyRoster& roster) {
 void URoster2::ShowArmyList(const CArmyList& list) {
     CPage page(*this, 0);
     page.Write(Title(list, kListTitle, kListTitleWithPicture).Text());
-    for (const SListSection& section : kUnitSections) {
-        bool any = false;
-        for (const CGenUnit& entry : list.ArmyUnits()) {
-            if (entry.UnitType() != section.unitType) continue;
-            if (!any) {
-                page.Write(section.title);
-                page.Write(kSeparator);
-                page.Write(kUnitHeading);
-            }
-            any = true;
-            ShowSingleUnit(entry.SingleUnit(), page.Number(), false);
+    std::array<std::vector<const CUnit*>, kUnitSections.size()> unitsOf;
+    for (const CGenUnit& entry : list.ArmyUnits()) {
+        const std::int32_t type = entry.UnitType();
+        for (std::size_t i = 0; i < kUnitSections.size(); ++i) {
+            if (type == kUnitSections[i].unitType) unitsOf[i].push_back(&entry.SingleUnit());
         }
-        if (any) page.Write(kSeparator);
+    }
+    for (std::size_t i = 0; i < kUnitSections.size(); ++i) {
+        if (unitsOf[i].empty()) continue;
+        page.Write(kUnitSections[i].title);
+        page.Write(kSeparator);
+        page.Write(kUnitHeading);
+        for (const CUnit* unit : unitsOf[i])
+            ShowSingleUnit(*unit, page.Number(), false);
+        page.Write(kSeparator);
     }
     bool anySquad = false;
     for (const CGenUnit& entry : list.ArmyUnits()) {

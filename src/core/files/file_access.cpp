@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 #include <random>
 #include <utility>
 
@@ -213,6 +214,11 @@ CFileStamp StampOf(const std::string& path) {
             static_cast<std::int64_t>(info.st_size),
             static_cast<std::int64_t>(info.st_mtim.tv_sec),
             static_cast<std::int64_t>(info.st_mtim.tv_nsec)};
+}
+
+bool IsSettled(const CFileStamp& stamp) {
+    constexpr std::int64_t kCoarsestClock = 2;  // seconds between two times that a file system can tell apart
+    return !stamp.exists || ::time(nullptr) - stamp.modifiedSeconds > kCoarsestClock;
 }
 
 }  // namespace MFileAccess

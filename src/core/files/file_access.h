@@ -44,4 +44,7 @@ struct CFileStamp {
 };
 CFileStamp StampOf(const std::string& path);
 
+/// False while the file was changed so recently that the next change could bear the same time.
+bool IsSettled(const CFileStamp& stamp);
+
 }  // namespace MFileAccess

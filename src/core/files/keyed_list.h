@@ -138,9 +138,15 @@ class CKeyedList {
         return profile.ReadProfile(section, "ENTRY", entry) && entry == tag_;
     }
 
-    /// `count` receives the number of elements; the flags are in force before the first one goes in.
+    /// `count` receives the number of elements; the flags are in force before the first one goes in, and stay as they
+    /// were where the header can't be read.
     bool ReadHeader(CProfile& profile, const std::string& section, std::int32_t& count) {
-        return MFileFormat::ReadListHeader(&profile, section, sorted_, indexed_, count);
+        std::int16_t sorted = 0;
+        std::int16_t indexed = 0;
+        if (!MFileFormat::ReadListHeader(&profile, section, sorted, indexed, count)) return false;
+        sorted_ = sorted;
+        indexed_ = indexed;
+        return true;
     }
 
     bool ReadElements(CProfile& profile, const std::string& section, std::int32_t count) {

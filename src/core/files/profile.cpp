@@ -30,11 +30,13 @@ void CProfile::SetProfileName(const std::string& path) {
     path_ = path;
     text_ = CProfileText();
     stamp_ = {};
+    settled_ = false;
     if (mode_ == Mode::Gathered) Load();
 }
 
 void CProfile::Load() {
     stamp_ = MFileAccess::StampOf(path_);
+    settled_ = MFileAccess::IsSettled(stamp_);
     std::string content;
     // A file that can't be read is, to a reader of keys, one that holds none.
     Trap([&] {
@@ -44,8 +46,12 @@ void CProfile::Load() {
     text_ = CProfileText(std::move(content));
 }
 
+bool CProfile::IsStale() const {
+    return mode_ == Mode::KeyByKey && (!settled_ || !(MFileAccess::StampOf(path_) == stamp_));
+}
+
 bool CProfile::ReadProfile(std::string_view section, std::string_view key, std::string& value) {
-    if (mode_ == Mode::KeyByKey && !(MFileAccess::StampOf(path_) == stamp_)) Load();
+    if (IsStale()) Load();
     auto found = text_.Find(section, key);
     if (!found) return false;
     *found = found->substr(0, kLongestValue);
@@ -66,7 +72,7 @@ bool CProfile::WriteProfile(std::string_view section, std::string_view key, std:
         text.Set(section, key, value);
         MFileAccess::ReplaceFile(path_, text.Text());
         text_ = std::move(text);
-        stamp_ = MFileAccess::StampOf(path_);
+        settled_ = false;
         return true;
     });
 }

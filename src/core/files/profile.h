@@ -39,9 +39,11 @@ class CProfile {
   private:
     CProfile(const std::string& path, Mode mode);
     void Load();
+    bool IsStale() const;
 
     std::string path_;
     Mode mode_ = Mode::KeyByKey;
     CProfileText text_;
     MFileAccess::CFileStamp stamp_;
+    bool settled_ = false;  // whether the stamp was old enough, when it was taken, to show any later change
 };

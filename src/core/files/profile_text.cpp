@@ -1,11 +1,18 @@
 #include "core/files/profile_text.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "core/files/ansi_text.h"
 
 namespace {
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
+}
+
+bool IsLetterOrDigit(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
 }
 
 std::string_view Trimmed(std::string_view text) {
@@ -36,6 +43,11 @@ bool IsBlankLine(const std::string& text, const SLine& line) {
     return Trimmed(std::string_view(text).substr(line.begin, line.end - line.begin)).empty();
 }
 
+std::string KeyLine(std::string_view key, std::string_view value) {
+    std::string line(key);
+    return line.append("=").append(value).append("\r\n");
+}
+
 // The name between the brackets of a header line, or nothing for any other line.
 std::optional<std::string_view> HeaderName(std::string_view line) {
     line = Trimmed(line);
@@ -53,57 +65,106 @@ CProfileText::CProfileText(std::string text) : text_(std::move(text)) {
 void CProfileText::IndexSections(std::size_t from) {
     for (std::size_t at = from; at < text_.size();) {
         const SLine line = LineAt(text_, at);
-        if (const auto name = HeaderName(std::string_view(text_).substr(line.begin, line.end - line.begin))) {
-            if (!sections_.empty()) sections_.back().end = line.begin;
-            sectionsByName_.try_emplace(std::string(*name), sections_.size());
-            sections_.push_back({line.next, line.next});
+        if (const auto name = HeaderName(Part(line.begin, line.end - line.begin))) {
+            if (lastReachesEnd_) sections_.back().end = line.begin;
+            lastReachesEnd_ = false;
+            AddSection(*name, line.next);
         }
         at = line.next;
     }
-    if (!sections_.empty()) sections_.back().end = text_.size();
+    if (lastReachesEnd_) sections_.back().end = text_.size();
+}
+
+// The slot of a section, or the free one where it belongs.
+CProfileText::SSlot& CProfileText::SlotOf(std::string_view name) {
+    constexpr std::size_t kFewest = 64;
+    if (slots_.empty()) slots_.resize(kFewest);
+    const auto hash = static_cast<std::uint32_t>(MAnsiText::HashIgnoreCase()(name));
+    const std::size_t mask = slots_.size() - 1;  // the size is a power of two
+    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+        SSlot& slot = slots_[at];
+        if (slot.number == 0) return slot = {hash, 0};
+        if (slot.hash != hash) continue;
+        const SSection& section = sections_[slot.number - 1];
+        if (MAnsiText::EqualIgnoreCase(Part(section.name, section.nameLength), name)) return slot;
+    }
+}
+
+// `name` is a part of the text. A second section of a name is passed over.
+void CProfileText::AddSection(std::string_view name, std::size_t begin) {
+    SSlot& slot = SlotOf(name);
+    if (slot.number != 0) return;
+    sections_.push_back({static_cast<std::size_t>(name.data() - text_.data()), name.size(), begin, begin});
+    slot.number = static_cast<std::uint32_t>(sections_.size());
+    lastReachesEnd_ = true;
+    if (sections_.size() * 2 > slots_.size()) GrowSlots();
+}
+
+void CProfileText::GrowSlots() {
+    std::vector<SSlot> former(slots_.size() * 4);
+    former.swap(slots_);
+    const std::size_t mask = slots_.size() - 1;
+    for (const SSlot& slot : former) {
+        if (slot.number == 0) continue;
+        std::size_t at = slot.hash & mask;
+        while (slots_[at].number != 0)
+            at = (at + 1) & mask;
+        slots_[at] = slot;
+    }
 }
 
 bool CProfileText::OpenSection(std::string_view section) {
     if (open_ != kNone && openName_ == section) return true;
-    const auto found = sectionsByName_.find(Trimmed(section));
-    if (found == sectionsByName_.end()) return false;
+    const std::uint32_t number = SlotOf(Trimmed(section)).number;
+    if (number == 0) return false;
+    const std::size_t found = number - 1;
     openName_ = section;
-    if (open_ != found->second) {
-        open_ = found->second;
+    if (open_ != found) {
+        open_ = found;
         keys_.clear();
         keysReadTo_ = sections_[open_].begin;
     }
     return true;
 }
 
-const CProfileText::SKeyLine* CProfileText::FindKey(std::string_view key) {
-    const SSection& section = sections_[open_];
-    while (keysReadTo_ < section.end) {
-        const SLine line = LineAt(text_, keysReadTo_);
-        keysReadTo_ = line.next;
-        const std::string_view all = std::string_view(text_).substr(line.begin, line.end - line.begin);
-        const std::size_t equals = all.find('=');
-        if (equals == std::string_view::npos) continue;
-        const std::string_view name = Trimmed(all.substr(0, equals));
-        if (name.starts_with(';')) continue;
-        keys_.push_back({line.begin, static_cast<std::size_t>(name.data() - text_.data()), name.size(),
-                         line.begin + equals + 1, line.end});
-    }
+// The key line at a position, which moves on to the next line; nothing for a line without a key.
+std::optional<CProfileText::SKeyLine> CProfileText::KeyLineAt(std::size_t& at) const {
+    const SLine line = LineAt(text_, at);
+    at = line.next;
+    const std::string_view all = Part(line.begin, line.end - line.begin);
+    const std::size_t equals = all.find('=');
+    if (equals == std::string_view::npos) return std::nullopt;
+    const std::string_view name = Trimmed(all.substr(0, equals));
+    if (name.starts_with(';')) return std::nullopt;
+    return SKeyLine{line.begin, static_cast<std::size_t>(name.data() - text_.data()), name.size(),
+                    line.begin + equals + 1, line.end};
+}
+
+std::optional<CProfileText::SKeyLine> CProfileText::FindKey(std::string_view key) {
+    constexpr std::size_t kRemembered = 64;  // no section of ours has more keys, a broken file may have millions
     key = Trimmed(key);
+    const auto matches = [&](const SKeyLine& line) {
+        return line.keyLength == key.size() && MAnsiText::EqualIgnoreCase(Part(line.key, line.keyLength), key);
+    };
     for (const SKeyLine& line : keys_) {
-        if (line.keyLength == key.size() &&
-            MAnsiText::EqualIgnoreCase(std::string_view(text_).substr(line.key, line.keyLength), key)) {
-            return &line;
-        }
+        if (matches(line)) return line;
     }
-    return nullptr;
+    for (std::size_t at = keysReadTo_; at < sections_[open_].end;) {
+        const std::optional<SKeyLine> line = KeyLineAt(at);
+        if (keys_.size() < kRemembered) {
+            keysReadTo_ = at;
+            if (line) keys_.push_back(*line);
+        }
+        if (line && matches(*line)) return line;
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string_view> CProfileText::Find(std::string_view section, std::string_view key) {
     if (!OpenSection(section)) return std::nullopt;
-    const SKeyLine* line = FindKey(key);
-    if (line == nullptr) return std::nullopt;
-    std::string_view value = Trimmed(std::string_view(text_).substr(line->value, line->valueEnd - line->value));
+    const std::optional<SKeyLine> line = FindKey(key);
+    if (!line) return std::nullopt;
+    std::string_view value = Trimmed(Part(line->value, line->valueEnd - line->value));
     if (value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'')) {
         value = value.substr(1, value.size() - 2);
     }
@@ -111,27 +172,33 @@ std::optional<std::string_view> CProfileText::Find(std::string_view section, std
 }
 
 void CProfileText::Set(std::string_view section, std::string_view key, std::string_view value) {
-    std::string line(key);
-    line.append("=").append(value).append("\r\n");
-
     if (!OpenSection(section)) {
-        std::string header = text_.empty() || text_.ends_with('\n') ? "" : "\r\n";
-        header.append("[").append(section).append("]\r\n");
-        Append(header + line);
-        return;
+        std::string header = text_.empty() || text_.ends_with('\n') ? "[" : "\r\n[";
+        Append(header.append(section).append("]\r\n"));
+        if (!OpenSection(section)) return AppendKey(key, value);  // a name that the header line doesn't give back
     }
-    if (const SKeyLine* former = FindKey(key)) {
-        line.replace(0, key.size(), text_, former->key, former->keyLength);
-        Replace(former->line, LineAt(text_, former->line).next - former->line, line);
+    if (const std::optional<SKeyLine> former = FindKey(key)) {
+        const std::string name(Part(former->key, former->keyLength));
+        Replace(former->line, LineAt(text_, former->line).next - former->line, KeyLine(name, value));
         return;
     }
     const std::size_t position = EndOfContent(sections_[open_]);
-    if (position > 0 && text_[position - 1] != '\n' && text_[position - 1] != '\r') line.insert(0, "\r\n");
-    if (position == text_.size()) {
-        Append(line);
+    const bool behindLine = position == 0 || text_[position - 1] == '\n' || text_[position - 1] == '\r';
+    if (behindLine && position == text_.size()) {
+        AppendKey(key, value);
     } else {
-        Replace(position, 0, line);
+        Replace(position, 0, (behindLine ? "" : "\r\n") + KeyLine(key, value));
     }
+}
+
+// At the end of the text. What is written there is one more key of the last section, unless it is odd.
+void CProfileText::AppendKey(std::string_view key, std::string_view value) {
+    const auto isPlain = [](char c) { return c != '\r' && c != '\n'; };
+    const bool plain = !key.empty() && std::all_of(key.begin(), key.end(), IsLetterOrDigit) &&
+                       std::all_of(value.begin(), value.end(), isPlain);
+    if (!plain || !lastReachesEnd_) return Append(KeyLine(key, value));
+    text_.append(key).append("=").append(value).append("\r\n");
+    sections_.back().end = text_.size();
 }
 
 // New keys go in front of the blank lines that set a section off from the next.
@@ -155,7 +222,8 @@ std::size_t CProfileText::EndOfContent(const SSection& section) const {
 void CProfileText::Replace(std::size_t position, std::size_t length, std::string_view replacement) {
     text_.replace(position, length, replacement);
     sections_.clear();
-    sectionsByName_.clear();
+    lastReachesEnd_ = false;
+    slots_.clear();
     open_ = kNone;
     keys_.clear();
     IndexSections(0);

@@ -1,0 +1,240 @@
+#include "core/files/profile.h"
+
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <optional>
+#include <random>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+#include "equipment/army_tables.h"
+#include "support/core_test.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ProfileTest : public CoreTest {
+  protected:
+    // The settings file is the profile that works key by key.
+    std::string Settings() const { return folder_ / "vdtools2.ini"; }
+    std::size_t FilesInFolder() const {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.Path()), {}));
+    }
+};
+
+std::string Unescaped(const std::string& text) {
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            plain += text[i];
+        } else if (text[++i] == 'x') {
+            plain += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            plain += text[i] == 'r' ? '\r' : text[i] == 'n' ? '\n' : text[i] == 't' ? '\t' : text[i];
+        }
+    }
+    return plain;
+}
+
+using Record = std::vector<std::string>;
+
+std::vector<std::vector<Record>> ReadCases(const std::string& path) {
+    std::vector<std::vector<Record>> cases;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        Record record;
+        std::istringstream fields(line + "\t");
+        for (std::string field; std::getline(fields, field, '\t');)
+            record.push_back(Unescaped(field));
+        if (record[0] == "case") cases.emplace_back();
+        cases.back().push_back(record);
+    }
+    return cases;
+}
+
+void RunCase(const std::vector<Record>& records, const std::string& path) {
+    CProfile profile;
+    profile.SetProfileName(path);
+    std::optional<std::string> after;
+    for (const Record& record : records) {
+        SCOPED_TRACE(record[0] + " " + (record.size() > 2 ? record[2] : ""));
+        std::string value = "untouched";
+        if (record[0] == "before") {
+            WriteBytes(path, record[1]);
+        } else if (record[0] == "after") {
+            after = record[1];
+        } else if (record[0] == "write") {
+            EXPECT_EQ(profile.WriteProfile(record[1], record[2], record[3]), record[4] == "ok");
+        } else if (record[0] == "read") {
+            EXPECT_TRUE(profile.ReadProfile(record[1], record[2], value));
+            EXPECT_EQ(value, record[3]);
+        } else if (record[0] == "lacks") {
+            EXPECT_FALSE(profile.ReadProfile(record[1], record[2], value));
+            EXPECT_EQ(value, "untouched");
+        }
+        if (record[0] == "before" && records[1] == Record{"setup", "file_read_only"}) ::chmod(path.c_str(), 0444);
+    }
+    EXPECT_EQ(fs::exists(path), after.has_value());
+    EXPECT_EQ(ReadBytes(path), after.value_or(""));
+}
+
+TEST_F(ProfileTest, BehavesAsObserved) {
+    const auto cases = ReadCases(TEST_DATA "/profile_cases.txt");
+    ASSERT_EQ(cases.size(), 27u);
+    for (const auto& records : cases) {
+        SCOPED_TRACE(records[0][1] + ": " + records[0][2]);
+        const bool noFolder = records[1] == Record{"setup", "folder_missing"};
+        RunCase(records, noFolder ? folder_ / "missing/p.ini" : folder_ / records[0][1]);
+    }
+}
+
+TEST_F(ProfileTest, ReadsOddLinesAsTheyStand) {
+    WriteBytes(Settings(), "k=outside\n[ S ] x\r;k=comment\r[t]\n[S\nk=2\r\n\r\n\r\n[s]\nk=second\n[T]\nk='it''s'\n");
+    CProfile profile;
+    std::string value;
+    EXPECT_FALSE(profile.KeyExists("S", "k"));  // the first section of the name counts, a comment is no key
+    EXPECT_FALSE(profile.KeyExists("", "k"));
+    EXPECT_FALSE(profile.KeyExists("t", "k"));
+    EXPECT_TRUE(profile.WriteProfile("s", "n", "1"));
+    EXPECT_TRUE(ReadBytes(Settings()).starts_with("k=outside\n[ S ] x\r;k=comment\rn=1\r\n[t]\n"));
+}
+
+TEST_F(ProfileTest, KeyByKeySeesWhatOthersWrite) {
+    CProfile mine;
+    CProfile other;
+    std::string value;
+    EXPECT_EQ(mine.ProfileName(), Settings());
+    for (const char* text : {"one", "two", "six"}) {  // of one length and within one tick of the clock
+        WriteBytes(Settings(), "[S]\r\nk=" + std::string(text) + "\r\n");
+        EXPECT_TRUE(mine.ReadProfile("S", "k", value));
+        EXPECT_EQ(value, text);
+    }
+    EXPECT_TRUE(other.WriteProfile("S", "theirs", "1"));
+    EXPECT_TRUE(mine.WriteProfile("S", "mine", "2"));
+    EXPECT_EQ(ReadBytes(Settings()), "[S]\r\nk=six\r\ntheirs=1\r\nmine=2\r\n");
+    fs::remove(Settings());
+    EXPECT_FALSE(mine.KeyExists("S", "k"));
+}
+
+TEST_F(ProfileTest, WhatCannotBeReadIsNotReplaced) {
+    fs::create_directory(Settings());
+    CProfile profile;
+    EXPECT_FALSE(profile.KeyExists("S", "k"));
+    EXPECT_FALSE(profile.WriteProfile("S", "k", "v"));
+    EXPECT_TRUE(fs::is_directory(Settings()));
+    if (::geteuid() == 0) return;  // root reads everything
+    WriteBytes(folder_ / "locked.ini", "[S]\r\nother=1\r\n");
+    ::chmod((folder_ / "locked.ini").c_str(), 0200);
+    profile.SetProfileName(folder_ / "locked.ini");
+    EXPECT_FALSE(profile.WriteProfile("S", "k", "v"));
+    ::chmod((folder_ / "locked.ini").c_str(), 0600);
+    EXPECT_EQ(ReadBytes(folder_ / "locked.ini"), "[S]\r\nother=1\r\n");
+}
+
+TEST_F(ProfileTest, GatheredStartsEmptyAndReachesTheFileAtCommit) {
+    WriteBytes(folder_ / "d", "[OLD]\r\nk=v\r\n");
+    CProfile profile = CProfile::ForSaving(folder_ / "d");
+    EXPECT_FALSE(profile.KeyExists("OLD", "k"));
+    EXPECT_TRUE(profile.WriteProfile("A", "x", "1"));
+    EXPECT_TRUE(profile.WriteProfile("B", "y", "2"));
+    EXPECT_TRUE(profile.WriteProfile("A", "z", " 3"));
+    EXPECT_EQ(ReadBytes(folder_ / "d"), "[OLD]\r\nk=v\r\n");
+    EXPECT_TRUE(profile.Commit());
+    EXPECT_EQ(ReadBytes(folder_ / "d"), "[A]\r\nx=1\r\nz= 3\r\n[B]\r\ny=2\r\n");
+    EXPECT_EQ(FilesInFolder(), 1u);
+}
+
+TEST_F(ProfileTest, SavingKeepsModeOwnerAndLink) {
+    WriteBytes(folder_ / "real", "old");
+    ::chmod((folder_ / "real").c_str(), 0640);
+    const bool given = ::geteuid() == 0 && ::chown((folder_ / "real").c_str(), 12345, 23456) == 0;
+    EXPECT_EQ(given, ::geteuid() == 0);
+    struct stat before {};
+    ::stat((folder_ / "real").c_str(), &before);
+    fs::create_symlink("real", folder_ / "link");
+    fs::create_symlink("link", folder_ / "link2");
+    CArmyTables tables;
+    EXPECT_TRUE(tables.WriteInfo(folder_ / "link2"));
+    struct stat after {};
+    ::stat((folder_ / "real").c_str(), &after);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link") && fs::is_symlink(folder_ / "link2"));
+    EXPECT_TRUE(ReadBytes(folder_ / "real").starts_with("[TOP]\r\n"));
+
+    fs::create_symlink("not-there-yet", folder_ / "dangling");
+    EXPECT_TRUE(tables.WriteInfo(folder_ / "dangling"));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "dangling") && fs::is_regular_file(folder_ / "not-there-yet"));
+    fs::create_symlink("loop", folder_ / "loop");
+    EXPECT_FALSE(tables.WriteInfo(folder_ / "loop"));
+    EXPECT_EQ(FilesInFolder(), 6u);
+}
+
+TEST_F(ProfileTest, RefusedSaveLeavesEverythingAsItWas) {
+    CArmyTables tables;
+    WriteBytes(folder_ / "readonly", "former");
+    ::chmod((folder_ / "readonly").c_str(), 0444);
+    fs::create_directory(folder_ / "folder");
+    for (const std::string& path : {folder_ / "readonly", folder_ / "folder", folder_ / "missing/x",
+                                    folder_ / "readonly/x", std::string(), folder_ / std::string(300, 'n')}) {
+        EXPECT_FALSE(tables.WriteInfo(path)) << path;
+    }
+    EXPECT_EQ(ReadBytes(folder_ / "readonly"), "former");
+    EXPECT_EQ(FilesInFolder(), 2u);
+}
+
+TEST_F(ProfileTest, SaveOntoAFullDiskLeavesTheFormerFileAndNoOther) {
+    CArmyTables tables;
+    tables.SetDescr(std::string(5000, 'x'));
+    WriteBytes(folder_ / "d", "former");
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{1000, limit.rlim_max};
+    auto* former = ::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const bool saved = tables.WriteInfo(folder_ / "d");
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    ::signal(SIGXFSZ, former);
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(MLastError::Number(), 61);
+    EXPECT_EQ(ReadBytes(folder_ / "d"), "former");
+    EXPECT_EQ(FilesInFolder(), 1u);
+}
+
+TEST_F(ProfileTest, KilledSaveLeavesTheOldFileOrTheNewOne) {
+    CArmyTables tables[2];
+    std::string bytes[2];
+    for (int i = 0; i < 2; ++i) {
+        tables[i].SetDescr(std::string(200'000, i == 0 ? 'a' : 'b'));
+        ASSERT_TRUE(tables[i].WriteInfo(folder_ / "d"));
+        bytes[i] = ReadBytes(folder_ / "d");
+    }
+    std::mt19937 random(20260101);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(1500);
+    int kills = 0;
+    for (; std::chrono::steady_clock::now() < end; ++kills) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (int i = 0;; i ^= 1)
+                tables[i].WriteInfo(folder_ / "d");
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 30'000));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const std::string found = ReadBytes(folder_ / "d");
+        ASSERT_TRUE(found == bytes[0] || found == bytes[1]) << "after kill " << kills << ": " << found.size();
+    }
+    EXPECT_GT(kills, 10);
+}
+
+}  // namespace
