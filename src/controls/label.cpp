@@ -29,6 +29,9 @@ void QXLabel::SetCaption(std::string_view caption) {
 
 void QXLabel::SetWordWrap(bool on) {
     setWordWrap(on);
+    QSizePolicy policy = sizePolicy();
+    policy.setHeightForWidth(on);  // the toolkit's label does this for a text of its own only
+    setSizePolicy(policy);
     // Lines begin at the top, unless the form has said where they stand.
     if (!aligned_) setAlignment(Qt::AlignLeft | (on ? Qt::AlignTop : Qt::AlignVCenter));
     updateGeometry();

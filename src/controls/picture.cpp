@@ -11,6 +11,7 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 
 #include "core/files/ansi_text.h"
 #include "core/files/platform.h"
@@ -112,10 +113,7 @@ void CPicture::Paint(QPainter& painter, const QRectF& area) const {
     QRectF target(QPointF(), size);
     target.moveCenter(area.center());
     if (drawing_) {
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing);
-        drawing_->render(&painter, target);
-        painter.restore();
+        PaintDrawing(painter, target);
         return;
     }
     // A large reduction is made beforehand, by areas: the painter alone would leave pixels out.
@@ -132,4 +130,31 @@ void CPicture::Paint(QPainter& painter, const QRectF& area) const {
         painter.drawImage(target, image_);
         painter.restore();
     }
+}
+
+// On the screen a drawing is kept as pixels: the same panel stands in several places, and is painted again and again.
+void CPicture::PaintDrawing(QPainter& painter, const QRectF& target) const {
+    constexpr int kMostPixels = 4'000'000;
+    const double ratio = painter.device()->devicePixelRatioF();
+    const QSize pixels = (target.size() * ratio).toSize();
+    const bool onScreen = painter.paintEngine()->type() == QPaintEngine::Raster && !pixels.isEmpty() &&
+                          qint64{pixels.width()} * pixels.height() <= kMostPixels;
+    if (!onScreen) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawing_->render(&painter, target);
+        painter.restore();
+        return;
+    }
+    if (reduced_.size() != pixels) {
+        reduced_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+        reduced_.fill(Qt::transparent);
+        QPainter onto(&reduced_);
+        onto.setRenderHint(QPainter::Antialiasing);
+        drawing_->render(&onto, QRectF(QPointF(), QSizeF(pixels)));
+    }
+    reduced_.setDevicePixelRatio(ratio);
+    // On whole pixels of the device, so that it isn't blurred.
+    painter.drawImage(QPointF(std::round(target.left() * ratio) / ratio, std::round(target.top() * ratio) / ratio),
+                      reduced_);
 }

@@ -36,7 +36,9 @@ class CPicture {
     void Paint(QPainter& painter, const QRectF& area) const;
 
   private:
+    void PaintDrawing(QPainter& painter, const QRectF& target) const;
+
     QImage image_;
     std::unique_ptr<QSvgRenderer> drawing_;
-    mutable QImage reduced_;  // the image at the size at which it was painted last
+    mutable QImage reduced_;  // image or drawing at the size at which it was painted last
 };

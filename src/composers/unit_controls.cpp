@@ -1,0 +1,60 @@
+#include "composers/unit_controls.h"
+
+#include "composers/unit_filter.h"
+#include "core/files/ansi_text.h"
+#include "core/files/platform.h"
+#include "core/state/global.h"
+
+void ListUnits(CListBox& box, const CUnitList& units, std::int32_t filter) {
+    box.Clear();
+    for (const CGenUnit& entry : units) {
+        if (MUnitFilter::Selects(filter, entry)) box.AddItem(entry.Name());
+    }
+}
+
+void OfferUnitFilters(QXChoiceList& list) {
+    constexpr int kListWidth = 3500;
+    for (const std::string_view name : MUnitFilter::kNames)
+        list.AddItem(name);
+    list.SetPromptText("Select filter for units:");
+    list.SetListWidth(kListWidth);
+    list.SetListIndex(MUnitFilter::All);
+}
+
+std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name) {
+    auto copy = std::make_shared<CGenUnit>();
+    copy->NewUnit(CGenUnit::Single);
+    if (copy->IsEmpty()) {
+        MPlatform::ShowPlain("Cannot add unit (" + MAnsiText::ToUtf8(MGlobal::LastErrorText()) + ").");
+    }
+    copy->Clone(units.Item(name));
+    return copy;
+}
+
+CUnitButtons::CUnitButtons(CForm* form)
+    : cmdAddUnit(form, "cmdAddUnit"),
+      cmdShowSelUnit(form, "cmdShowSelUnit"),
+      cmdRemoveUnit(form, "cmdRemoveUnit"),
+      cmdUnitMoveUp(form, "cmdUnitMoveUp"),
+      cmdUnitMoveDown(form, "cmdUnitMoveDown") {
+    cmdAddUnit.SetCaption("Add");
+    cmdShowSelUnit.SetCaption("View");
+    cmdRemoveUnit.SetCaption("Remove");
+}
+
+void CUnitButtons::ShowArrows() {
+    const auto show = [](QXColorButton& button, const char* arrow) {
+        button.SetFontName("Wingdings");
+        button.SetCaption(arrow);
+    };
+    show(cmdUnitMoveUp, "\xE9");
+    show(cmdUnitMoveDown, "\xEA");
+}
+
+void CUnitButtons::Enable(bool sourceSelected, int targetRow, int targetRows) {
+    cmdRemoveUnit.SetEnabled(targetRow >= 0);
+    cmdUnitMoveDown.SetEnabled(CanMoveDown(targetRow, targetRows));
+    cmdUnitMoveUp.SetEnabled(CanMoveUp(targetRow, targetRows));
+    cmdAddUnit.SetEnabled(sourceSelected);
+    cmdShowSelUnit.SetEnabled(sourceSelected);
+}

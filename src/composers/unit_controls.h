@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "controls/choice_list.h"
+#include "controls/color_button.h"
+#include "controls/list_box.h"
+#include "units/unit_list.h"
+
+/// Fills the box with the names of the entries that the filter selects, in list order; nothing is selected afterwards.
+void ListUnits(CListBox& box, const CUnitList& units, std::int32_t filter);
+
+/// Fills a choice list with the unit filters and chooses the first.
+void OfferUnitFilters(QXChoiceList& list);
+
+/// A copy of the entry of that name, for a roster or squad. Error 5 where the list has no such entry.
+std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name);
+
+/// The five buttons between a source of units and the target that they are picked for.
+class CUnitButtons {
+  public:
+    explicit CUnitButtons(CForm* form);
+
+    /// Gives the arrow buttons their characters; after the skin, which sets all fonts.
+    void ShowArrows();
+
+    /// Enables each button as the selections allow. `TTarget` is a list box or an edit list.
+    template <class TTarget>
+    void Update(const CListBox& source, const TTarget& target) {
+        Enable(source.ListIndex() >= 0, target.ListIndex(), target.ListCount());
+    }
+
+    static bool CanMoveUp(int row, int rows) { return row >= 1 && row < rows; }
+    static bool CanMoveDown(int row, int rows) { return row >= 0 && row < rows - 1; }
+
+    QXColorButton cmdAddUnit;
+    QXColorButton cmdShowSelUnit;
+    QXColorButton cmdRemoveUnit;
+    QXColorButton cmdUnitMoveUp;
+    QXColorButton cmdUnitMoveDown;
+
+  private:
+    void Enable(bool sourceSelected, int targetRow, int targetRows);
+};
