@@ -69,6 +69,21 @@ bool FurnishHome(const QString& home) {
     return done;
 }
 
+// Without a display the windows open on a screen as large as the one that they are made for, not on the toolkit's small
+// one.
+void ChooseScreen(const QString& folder) {
+    if (qEnvironmentVariable("QT_QPA_PLATFORM") != "offscreen"_L1) return;
+    const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s).toDouble();
+    QFile screen(folder + u"/screen.json"_s);
+    if (!screen.open(QIODevice::WriteOnly)) return;
+    screen.write(
+        QStringLiteral("{\"screens\": [{\"name\": \"tour\", \"x\": 0, \"y\": 0, \"width\": %1, \"height\": %2}]}")
+            .arg(int(1280 * scale))
+            .arg(int(800 * scale))
+            .toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
+}
+
 class CTour {
   public:
     CTour(CGuide& guide, const QString& home, const QString& folder) : guide_(guide), home_(home), folder_(folder) {}
@@ -263,7 +278,6 @@ class CTour {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CQtApplication application(argc, argv);
     if (argc != 2) {
         QTextStream(stderr) << "usage: tour <folder for pictures and pages>\n";
         return 2;
@@ -274,6 +288,8 @@ int main(int argc, char** argv) {
         QTextStream(stderr) << "The tour can't prepare its folders.\n";
         return 2;
     }
+    ChooseScreen(home.path());
+    CQtApplication application(argc, argv);
     QFile::remove(folder + u"/ford_watch.html"_s);
 
     CGuide guide(folder);
