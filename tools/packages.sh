@@ -3,7 +3,7 @@
 packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev
-  libgtest-dev libbenchmark-dev nlohmann-json3-dev
+  libgtest-dev libbenchmark-dev
   fonts-liberation fonts-urw-base35 fonts-dejavu-core
 )
 

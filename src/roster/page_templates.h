@@ -37,7 +37,11 @@ std::string FormatText(std::string_view text, std::uint8_t flags, std::string_vi
 /// A template being filled in. Each replacement changes every occurrence in the text as the one before has left it.
 class CFilledTemplate {
   public:
-    explicit CFilledTemplate(std::string_view text) : text_(text) {}
+    explicit CFilledTemplate(std::string_view text) {
+        constexpr std::size_t kRoomForValues = 256;
+        text_.reserve(text.size() + kRoomForValues);
+        text_ = text;
+    }
 
     CFilledTemplate& Replace(std::string_view placeholder, std::string_view value);
     CFilledTemplate& ReplaceFormatted(std::string_view placeholder, std::string_view value, std::uint8_t flags,

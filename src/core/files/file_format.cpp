@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "core/files/number_text.h"
 #include "core/files/platform.h"
@@ -16,8 +17,10 @@ namespace {
 constexpr std::string_view kVersionTagV1 = "#VD_VER";
 
 template <class TReal>
-std::string Format(TReal value, int significantDigits) {
-    if (value == 0) return "0";  // minus zero too
+std::string Format(TReal value, int significantDigits, TReal exponentFrom) {
+    if (std::abs(value) < exponentFrom && value == std::trunc(value)) {  // most costs are, and minus zero is "0"
+        return std::to_string(static_cast<std::int64_t>(value));
+    }
     std::array<char, 32> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general,
                                    significantDigits);
@@ -93,11 +96,11 @@ bool ReadFileVersionV1(CSequentialInput& file, std::int16_t& major, std::int16_t
 }
 
 std::string FormatRealField(double value) {
-    return Format(value, 15);
+    return Format(value, 15, 1e15);
 }
 
 std::string FormatRealField(float value) {
-    return Format(value, 7);
+    return Format(value, 7, 1e7F);
 }
 
 std::string ElementSection(const std::string& list, std::int32_t position) {

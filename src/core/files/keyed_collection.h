@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,7 +20,8 @@ class CKeyedCollection {
         std::shared_ptr<TItem> item;
         std::string key;
     };
-    using Nodes = std::vector<std::unique_ptr<SNode>>;
+    // Where each position finds its node, which never moves: an insertion in the middle only shifts these.
+    using Nodes = std::vector<typename std::list<SNode>::iterator>;
 
     template <class TValue, class TBase>
     class CIterator {
@@ -46,6 +48,10 @@ class CKeyedCollection {
     using iterator = CIterator<TItem, typename Nodes::const_iterator>;
     using const_iterator = CIterator<const TItem, typename Nodes::const_iterator>;
 
+    CKeyedCollection() = default;
+    CKeyedCollection(const CKeyedCollection&) = delete;
+    CKeyedCollection& operator=(const CKeyedCollection&) = delete;
+
     std::int32_t Count() const { return static_cast<std::int32_t>(nodes_.size()); }
     bool Exists(std::int32_t position) const { return position >= 1 && position <= Count(); }
     bool Exists(std::string_view key) const { return byKey_.contains(key); }
@@ -58,20 +64,22 @@ class CKeyedCollection {
     void Insert(std::int32_t position, std::shared_ptr<TItem> item, std::string_view key) {
         if (position < 1 || position > Count() + 1) throw CRuntimeError(ErrorNumber::SubscriptOutOfRange);
         if (!key.empty() && Exists(key)) throw CRuntimeError(ErrorNumber::DuplicateKey);
-        auto node = std::make_unique<SNode>(SNode{std::move(item), std::string(key)});
-        if (!key.empty()) byKey_.emplace(node->key, node.get());
-        nodes_.insert(nodes_.begin() + (position - 1), std::move(node));
+        const auto node = store_.insert(store_.end(), SNode{std::move(item), std::string(key)});
+        if (!key.empty()) byKey_.emplace(node->key, &*node);
+        nodes_.insert(nodes_.begin() + (position - 1), node);
     }
     void Append(std::shared_ptr<TItem> item, std::string_view key) { Insert(Count() + 1, std::move(item), key); }
 
     void Remove(std::int32_t position) {
         byKey_.erase(NodeAt(position).key);
+        store_.erase(nodes_[static_cast<std::size_t>(position - 1)]);
         nodes_.erase(nodes_.begin() + (position - 1));
     }
     void Remove(std::string_view key) { Remove(PositionOf(NodeOf(key))); }
     void Clear() {
         byKey_.clear();
         nodes_.clear();
+        store_.clear();
     }
 
     iterator begin() { return iterator(nodes_.begin()); }
@@ -91,11 +99,12 @@ class CKeyedCollection {
     }
     std::int32_t PositionOf(const SNode& node) const {
         std::int32_t position = 1;
-        while (nodes_[static_cast<std::size_t>(position - 1)].get() != &node)
+        while (&*nodes_[static_cast<std::size_t>(position - 1)] != &node)
             ++position;
         return position;
     }
 
+    std::list<SNode> store_;
     Nodes nodes_;
     // The views look into the nodes, which stay where they are while the order changes.
     std::unordered_map<std::string_view, const SNode*, MAnsiText::HashIgnoreCase, MAnsiText::EqualToIgnoreCase> byKey_;

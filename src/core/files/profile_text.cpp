@@ -141,7 +141,6 @@ std::optional<CProfileText::SKeyLine> CProfileText::KeyLineAt(std::size_t& at) c
 }
 
 std::optional<CProfileText::SKeyLine> CProfileText::FindKey(std::string_view key) {
-    constexpr std::size_t kRemembered = 64;  // no section of ours has more keys, a broken file may have millions
     key = Trimmed(key);
     const auto matches = [&](const SKeyLine& line) {
         return line.keyLength == key.size() && MAnsiText::EqualIgnoreCase(Part(line.key, line.keyLength), key);
@@ -175,7 +174,7 @@ void CProfileText::Set(std::string_view section, std::string_view key, std::stri
     if (!OpenSection(section)) {
         std::string header = text_.empty() || text_.ends_with('\n') ? "[" : "\r\n[";
         Append(header.append(section).append("]\r\n"));
-        if (!OpenSection(section)) return AppendKey(key, value);  // a name that the header line doesn't give back
+        if (!OpenSection(section)) return Append(KeyLine(key, value));  // a name that the header doesn't give back
     }
     if (const std::optional<SKeyLine> former = FindKey(key)) {
         const std::string name(Part(former->key, former->keyLength));
@@ -196,8 +195,14 @@ void CProfileText::AppendKey(std::string_view key, std::string_view value) {
     const auto isPlain = [](char c) { return c != '\r' && c != '\n'; };
     const bool plain = !key.empty() && std::all_of(key.begin(), key.end(), IsLetterOrDigit) &&
                        std::all_of(value.begin(), value.end(), isPlain);
-    if (!plain || !lastReachesEnd_) return Append(KeyLine(key, value));
-    text_.append(key).append("=").append(value).append("\r\n");
+    if (!plain || open_ + 1 != sections_.size() || keysReadTo_ != text_.size() || keys_.size() >= kRemembered) {
+        return Append(KeyLine(key, value));
+    }
+    const std::size_t begin = text_.size();
+    text_.append(key).append("=").append(value);
+    keys_.push_back({begin, begin, key.size(), begin + key.size() + 1, text_.size()});
+    text_.append("\r\n");
+    keysReadTo_ = text_.size();
     sections_.back().end = text_.size();
 }
 

@@ -46,6 +46,8 @@ class CProfileText {
         std::uint32_t number = 0;  // of a section, from 1; 0 is a free slot
     };
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    // Key lines kept for a section: no section of ours has more, a broken file may have millions.
+    static constexpr std::size_t kRemembered = 64;
 
     void IndexSections(std::size_t from);
     SSlot& SlotOf(std::string_view name);

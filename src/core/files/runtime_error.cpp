@@ -86,7 +86,7 @@ CRuntimeError CurrentRuntimeError() {
         return CRuntimeError(ErrorNumber::OutOfMemory);
     } catch (const std::length_error&) {
         return CRuntimeError(ErrorNumber::OutOfMemory);
-    } catch (const std::exception&) {
+    } catch (...) {
         return CRuntimeError(ErrorNumber::InvalidCall);
     }
 }

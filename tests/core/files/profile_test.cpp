@@ -108,6 +108,33 @@ TEST_F(ProfileTest, ReadsOddLinesAsTheyStand) {
     EXPECT_TRUE(ReadBytes(Settings()).starts_with("k=outside\n[ S ] x\r;k=comment\rn=1\r\n[t]\n"));
 }
 
+// What was written step by step is what a reader of the whole text finds, odd names and values included.
+TEST(ProfileText, StaysInStepWithItsText) {
+    const std::string names[] = {"A", "a", "B", "C_1", " D ", "", "x]y", "[", ";c", "k=v", "two words"};
+    const std::string values[] = {"", "v", " v ", "a=b", "[A]", "x\r\n[B]\r\nA=inserted", "\n", "\"q\"", ";"};
+    std::mt19937 random(3);
+    for (int round = 0; round < 200; ++round) {
+        CProfileText text(round % 2 == 0 ? "" : "[b]\nA=1\n\n;A=2\n[B]\nA=3\n[c_1]");
+        for (int step = 0; step < 12; ++step) {
+            text.Set(names[random() % std::size(names)], names[random() % std::size(names)],
+                     values[random() % std::size(values)]);
+            CProfileText fresh(text.Text());
+            for (const std::string& section : names) {
+                for (const std::string& key : names)
+                    ASSERT_EQ(text.Find(section, key), fresh.Find(section, key)) << text.Text();
+            }
+        }
+    }
+    CProfileText many;
+    for (int i = 0; i < 300; ++i) {
+        many.Set("S" + std::to_string(i), "K", "1");
+        many.Set("S", "K" + std::to_string(i), std::to_string(i));
+    }
+    EXPECT_EQ(many.Find("s", "k299"), "299");
+    EXPECT_EQ(many.Find("s299", "k"), "1");
+    EXPECT_EQ(many.Find("S300", "k"), std::nullopt);
+}
+
 TEST_F(ProfileTest, KeyByKeySeesWhatOthersWrite) {
     CProfile mine;
     CProfile other;
