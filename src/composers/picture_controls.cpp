@@ -71,7 +71,7 @@ void CPictureControls::cmdPictureFileClear_Click() {
 void CPictureControls::tedPictureFile_Change() {
     try {
         TakePicture(tedPictureFile.Text());
-    } catch (const std::exception&) {
+    } catch (...) {
         const CRuntimeError error = CurrentRuntimeError();
         MLastError::Remember(error);
         MPlatform::ShowCritical("Error while loading image (" + std::to_string(error.Number()) + " : " +

@@ -1,8 +1,11 @@
 #include "controls/accessible.h"
 
+#include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <memory>
 
+#include "controls/ansi_qt.h"
+#include "controls/choice_list.h"
 #include "controls/color_button.h"
 #include "controls/frame.h"
 #include "controls/picture_box.h"
@@ -46,6 +49,51 @@ class CAccessibleButton : public QAccessibleWidget {
     QXColorButton* button_;
 };
 
+// The toolkit's own gives the chosen text for the name: it leaves naming to labels, which not every choice list has.
+class CAccessibleChoice : public QAccessibleWidget {
+  public:
+    explicit CAccessibleChoice(QXChoiceList* list) : QAccessibleWidget(list, QAccessible::ComboBox), list_(list) {}
+    ~CAccessibleChoice() override = default;
+
+    QString text(QAccessible::Text what) const override {
+        return what == QAccessible::Value ? ForDisplay(FromAnsi(list_->Text())) : QAccessibleWidget::text(what);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = list_->view()->isVisible();
+        return state;
+    }
+    // The one child is the list that opens.
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(list_->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child != nullptr && child->object() == list_->view() ? 0 : -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        return list_->view()->isVisible() && child(0)->rect().contains(x, y) ? child(0) : nullptr;
+    }
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (list_->isEnabled()) names << showMenuAction() << pressAction();
+        return names;
+    }
+    void doAction(const QString& name) override {
+        if (name != showMenuAction() && name != pressAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (list_->view()->isVisible()) {
+            list_->hidePopup();
+        } else {
+            list_->showPopup();
+        }
+    }
+
+  private:
+    QXChoiceList* list_;
+};
+
 class CAccessibleRole : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -56,6 +104,9 @@ class CAccessibleRole : public QAccessibleWidget {
 QAccessibleInterface* Make(const QString& /*className*/, QObject* object) {
     if (auto* button = qobject_cast<QXColorButton*>(object)) {
         return std::make_unique<CAccessibleButton>(button).release();
+    }
+    if (auto* list = qobject_cast<QXChoiceList*>(object)) {
+        return std::make_unique<CAccessibleChoice>(list).release();
     }
     if (auto* frame = qobject_cast<QXFrame*>(object)) {
         return std::make_unique<CAccessibleRole>(frame, QAccessible::Grouping).release();

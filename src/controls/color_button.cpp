@@ -37,10 +37,6 @@ void QXColorButton::SetCaption(std::string_view caption) {
     update();
 }
 
-void QXColorButton::SetStyle(ButtonStyle style) {
-    style_ = style;
-}
-
 void QXColorButton::SetValue(bool on) {
     setChecked(on);
 }

@@ -20,7 +20,6 @@ class QXColorButton : public CControl<QAbstractButton> {
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
     ButtonStyle Style() const { return style_; }
-    void SetStyle(ButtonStyle style);
     const std::string& ControlGroup() const { return controlGroup_; }
     void SetControlGroup(std::string_view group) { controlGroup_ = group; }
     /// On or off. Set by code it raises no click.

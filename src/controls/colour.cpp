@@ -20,10 +20,6 @@ QColor ToQColor(Colour colour) {
                   static_cast<int>((colour >> 16) & 0xFF));
 }
 
-Colour FromQColor(const QColor& colour) {
-    return static_cast<Colour>(colour.red() | (colour.green() << 8) | (colour.blue() << 16));
-}
-
 QColor Mix(const QColor& colour, const QColor& other, double share) {
     const auto mixed = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
     return QColor(mixed(colour.red(), other.red()), mixed(colour.green(), other.green()),

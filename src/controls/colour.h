@@ -7,7 +7,6 @@
 using Colour = std::uint32_t;
 
 QColor ToQColor(Colour colour);
-Colour FromQColor(const QColor& colour);
 
 /// `share` of `other` (0 to 1) mixed into `colour`.
 QColor Mix(const QColor& colour, const QColor& other, double share);

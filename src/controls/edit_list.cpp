@@ -1,15 +1,9 @@
 #include "controls/edit_list.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QPainter>
 
 #include "controls/ansi_qt.h"
-#include "controls/painting.h"
-#include "controls/row_delegate.h"
-#include "core/files/runtime_error.h"
 
 /// Opens the editor over a tag and says when it has a new text.
 class QXEditList::CTagDelegate : public CRowDelegate {
@@ -52,7 +46,7 @@ class QXEditList::CTagDelegate : public CRowDelegate {
     QXEditList* tags_;
 };
 
-QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) : CControl(form, name, index) {
+QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) : CListControl(form, name, index) {
     setColumnCount(2);
     setHeaderHidden(true);
     header()->setMinimumSectionSize(10);
@@ -63,24 +57,17 @@ QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) 
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
-    setSelectionMode(QAbstractItemView::SingleSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed |
                     QAbstractItemView::AnyKeyPressed);
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setFocusPolicy(Qt::StrongFocus);
-    setTabKeyNavigation(false);
     setColumnWidth(0, 64);
     const auto look = [this](const QModelIndex& at, bool selected) {
-        if (selected) return CRowDelegate::SColours{ToQColor(selectedColor_), ToQColor(selectedForeColor_)};
-        if (at.column() == 0) return CRowDelegate::SColours{ToQColor(tagBackColor_), ToQColor(tagForeColor_)};
-        return CRowDelegate::SColours{palette().color(QPalette::Base), palette().color(QPalette::Text)};
+        if (!selected && at.column() == 0)
+            return CRowDelegate::SColours{ToQColor(tagBackColor_), ToQColor(tagForeColor_)};
+        return RowColours(selected);
     };
-    const auto height = [this] { return rowHeight_ > 0 ? rowHeight_ : 25; };
+    const auto height = [this] { return rowHeight_ > 0 ? rowHeight_ : kRowHeight; };
     setItemDelegate(std::make_unique<CTagDelegate>(this, look, height).release());  // the list's, as its child
-    LookChanged();
 }
 
 void QXEditList::AddItem(std::string_view tag, std::string_view text) {
@@ -115,19 +102,6 @@ std::string QXEditList::Tag(int index) const {
     return row != nullptr ? ToAnsi(row->text(0)) : std::string();
 }
 
-int QXEditList::ListIndex() const {
-    const QModelIndexList rows = selectionModel()->selectedRows(1);
-    return rows.isEmpty() ? -1 : rows.first().row();
-}
-
-void QXEditList::SetListIndex(int index) {
-    if (index < -1 || index >= topLevelItemCount()) throw CRuntimeError(ErrorNumber::InvalidCall);
-    const QModelIndex at = index < 0 ? QModelIndex() : model()->index(index, 1);
-    const auto rows = QItemSelectionModel::Rows;
-    selectionModel()->setCurrentIndex(
-        at, index < 0 ? QItemSelectionModel::Clear : QItemSelectionModel::ClearAndSelect | rows);
-}
-
 bool QXEditList::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
     if (locked_ || !index.isValid()) return false;
     const QModelIndex tag = index.siblingAtColumn(0);
@@ -142,12 +116,6 @@ bool QXEditList::edit(const QModelIndex& index, EditTrigger trigger, QEvent* eve
     return QTreeWidget::edit(tag, trigger, event);
 }
 
-QItemSelectionModel::SelectionFlags QXEditList::selectionCommand(const QModelIndex& index,
-                                                                 const QEvent* /*event*/) const {
-    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
-                           : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
-}
-
 void QXEditList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint /*hint*/) {
     QTreeWidget::closeEditor(editor, QAbstractItemDelegate::NoHint);
     const int row = std::exchange(edited_, -1);
@@ -156,67 +124,10 @@ void QXEditList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
     }
 }
 
-void QXEditList::keyPressEvent(QKeyEvent* event) {
-    if (!Editing() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        if (ListIndex() >= 0 && !event->isAutoRepeat()) RaiseByUser(enter_);
-        event->accept();
-        return;
-    }
-    const int before = ListIndex();
-    QTreeWidget::keyPressEvent(event);
-    const int now = ListIndex();
-    if (now >= 0 && (now != before || event->key() == Qt::Key_Space)) RaiseByUser(click_);
-}
-
-void QXEditList::mousePressEvent(QMouseEvent* event) {
-    pressed_ = event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
-    if (event->button() == Qt::LeftButton) QTreeWidget::mousePressEvent(event);
-}
-
-void QXEditList::mouseReleaseEvent(QMouseEvent* event) {
-    QTreeWidget::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && std::exchange(pressed_, false) && ListIndex() >= 0) RaiseByUser(click_);
-}
-
-void QXEditList::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    const int row = indexAt(event->position().toPoint()).row();
-    if (row < 0 || row != ListIndex()) {
-        mousePressEvent(event);
-        return;
-    }
-    pressed_ = false;
-    QTreeWidget::mouseDoubleClickEvent(event);  // takes back the editing that the first click has announced
-    RaiseByUser(doubleClick_);
-}
-
-void QXEditList::LookChanged() {
-    setFont(LookFont());
-    setPalette(MPainting::FieldPalette(Back(), Fore(), ToQColor(Form().BackColor())));
-    viewport()->update();
-}
-
-void QXEditList::changeEvent(QEvent* event) {
-    QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange) viewport()->update();
-}
-
-void QXEditList::paintEvent(QPaintEvent* event) {
-    {
-        QPainter painter(viewport());
-        painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
-    }
-    QTreeWidget::paintEvent(event);
-    if (hasFocus()) {
-        QPainter painter(viewport());
-        MPainting::DrawBorder(painter, viewport()->rect(), Mix(Fore(), Back(), 0.25), 1);
-    }
-}
-
 QSize QXEditList::sizeHint() const {
     return QSize(240, 200);
 }
 
 QSize QXEditList::minimumSizeHint() const {
-    return QSize(140, 3 * 25);
+    return QSize(140, 3 * kRowHeight);
 }

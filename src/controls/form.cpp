@@ -170,7 +170,7 @@ bool CForm::Unload() {
         try {
             step();
             return true;
-        } catch (const std::exception&) {
+        } catch (...) {
             ReportError(CurrentRuntimeError());
             return false;
         }
@@ -200,7 +200,7 @@ void CForm::Enter(const std::function<void()>& handler) {
     ++depth_;
     try {
         handler();
-    } catch (const std::exception&) {
+    } catch (...) {
         ReportError(CurrentRuntimeError());
     }
     --depth_;
@@ -211,8 +211,8 @@ void CForm::ReportError(const CRuntimeError& error) {
     try {
         MPlatform::ShowCritical("Run-time error '" + std::to_string(error.Number()) + "':\r\n\r\n" +
                                 error.Description());
-    } catch (const std::exception& failure) {
-        qCritical("%s (%s)", error.what(), failure.what());
+    } catch (...) {
+        qCritical("%s (%s)", error.what(), CurrentRuntimeError().what());
     }
 }
 

@@ -78,7 +78,7 @@ PicturePtr CPicture::Load(const std::string& path) {
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.width() > kLargestSide || size.height() > kLargestSide) {
-        reader.setScaledSize(size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio));
+        reader.setScaledSize(size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     }
     QImage image = reader.read();
     if (image.isNull()) throw CRuntimeError(ErrorNumber::InvalidPicture);

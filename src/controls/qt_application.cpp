@@ -16,6 +16,7 @@
 namespace {
 
 QPixmap BoxIcon(QStyle::StandardPixmap which, int size);
+QPixmap MoreIcon();
 
 class CLookStyle : public QProxyStyle {
   public:
@@ -47,6 +48,9 @@ class CLookStyle : public QProxyStyle {
                     icon.addPixmap(BoxIcon(which, size));
                 return icon;
             }
+            // A menu bar asks for it as it is made; the toolkit would load all of its picture plug-ins for it.
+            case SP_ToolBarHorizontalExtensionButton:
+                return MoreIcon();
             default:
                 return QProxyStyle::standardIcon(which, option, widget);
         }
@@ -162,6 +166,18 @@ QPixmap BoxIcon(QStyle::StandardPixmap which, int size) {
     return pixmap;
 }
 
+// The mark of a menu bar that is too narrow for its entries.
+QPixmap MoreIcon() {
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0x80, 0x80, 0x80), 2));
+    for (const double left : {3.5, 8.5})
+        painter.drawPolyline(QPolygonF({{left, 4}, {left + 4, 8}, {left, 12}}));
+    return pixmap;
+}
+
 // Attributes that must stand before the application does.
 int& Prepared(int& argc) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -205,7 +221,7 @@ void CQtApplication::ApplyLook() {
 bool CQtApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const std::exception&) {
+    } catch (...) {
         CForm::ReportError(CurrentRuntimeError());
         return true;
     }

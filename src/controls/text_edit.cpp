@@ -147,13 +147,9 @@ void QXTextEdit::mouseReleaseEvent(QMouseEvent* event) {
     if (!std::exchange(swallowsMouse_, false)) QLineEdit::mouseReleaseEvent(event);
 }
 
-void QXTextEdit::ApplyPalette() {
-    setPalette(MPainting::FieldPalette(Back(), Fore(), ToQColor(Form().BackColor())));
-}
-
 void QXTextEdit::LookChanged() {
     setFont(LookFont());
-    ApplyPalette();
+    setPalette(MPainting::FieldPalette(Back(), Fore(), ToQColor(Form().BackColor())));
     updateGeometry();
 }
 

@@ -6,8 +6,7 @@
 #include "controls/control.h"
 
 /// A field of one line. What the user types or pastes loses line breaks and NUL, and characters that the code page
-/// lacks become
-/// "?" at once; length limit and character filter bind the user alone, never a write by code.
+/// lacks become "?" at once; length limit and character filter bind the user alone, never a write by code.
 class QXTextEdit : public CControl<QLineEdit> {
     Q_OBJECT
   public:
@@ -60,7 +59,6 @@ class QXTextEdit : public CControl<QLineEdit> {
     bool Passes(QChar character) const;
     QString Clean(const QString& entered) const;
     void UserEdited();
-    void ApplyPalette();
 
     std::function<void()> change_;
     std::function<void()> leave_;

@@ -144,6 +144,9 @@ TEST_F(Form, HandlerErrorsAreBoxedAndTheLastErrorIsForgottenOnEntryAlone) {
     form.Handle([] { throw CRuntimeError(ErrorNumber::Overflow); });
     platform.ExpectBox(BoxKind::Critical, BoxButtons::Ok, "Run-time error '7':\r\n\r\nOut of memory");
     form.Handle([] { throw std::bad_alloc(); });
+    platform.ExpectBox(BoxKind::Critical, BoxButtons::Ok,
+                       "Run-time error '5':\r\n\r\nInvalid procedure call or argument");
+    form.Handle([] { throw 1; });
     form.Handle([&] {
         EXPECT_EQ(MLastError::Number(), 0);
         MLastError::Remember(CRuntimeError(ErrorNumber::DiskFull));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
@@ -69,6 +70,23 @@ TEST_F(Lists, EveryChoiceOfTheUserIsOneClickAndADoubleClickActsOnce) {
     }
     MFormDriver::Press(form, QStringLiteral("lstUnits"), Qt::Key_Return);
     EXPECT_EQ(Events(), "e ");
+}
+
+TEST_F(Lists, KeysBeginAtTheFirstRowAndAMouseDrawnOntoARowChoosesIt) {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(&form.lstUnits), static_cast<QAbstractItemView*>(&form.lstSquad)}) {
+        view->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(view, Qt::Key_Down);
+        EXPECT_EQ(Events(), "c0 ") << view->objectName().toStdString();
+
+        QWidget* rows = view->viewport();
+        const QPointF row = view->visualRect(view->model()->index(1, 1 - (view == &form.lstUnits))).center();
+        QTest::mousePress(rows, Qt::LeftButton, Qt::NoModifier, QPoint(50, rows->height() - 3));
+        QMouseEvent move(QEvent::MouseMove, row, rows->mapToGlobal(row), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(rows, &move);
+        QTest::mouseRelease(rows, Qt::LeftButton, Qt::NoModifier, row.toPoint());
+        EXPECT_EQ(Events(), "c1 ") << view->objectName().toStdString();
+    }
 }
 
 TEST_F(Lists, ListIndexIsTheSelectedRowAndCodeRaisesNoClick) {
@@ -159,6 +177,15 @@ TEST_F(Lists, ChoiceListShowsWhatCodeWritesAndTellsAChangeOnlyWhenTheTextDiffers
     form.cmbType.SetListIndex(2);
     form.cmbType.SetListIndex(2);
     EXPECT_EQ(Events(), "Siege Golem2 ");
+}
+
+TEST_F(Lists, ScreenReadersTellAChoiceListsNameFromItsText) {
+    form.cmbType.setAccessibleName(QStringLiteral("Type"));
+    form.cmbType.SetText("Drake");
+    const QAccessibleInterface* found = QAccessible::queryAccessibleInterface(&form.cmbType);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->role(), QAccessible::ComboBox);
+    EXPECT_EQ(found->text(QAccessible::Name) + u'/' + found->text(QAccessible::Value), QStringLiteral("Type/Drake"));
 }
 
 TEST_F(Lists, PickingTheSameEntryCountsAndTheWheelChangesNothing) {

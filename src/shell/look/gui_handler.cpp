@@ -89,19 +89,16 @@ constexpr SSkin kFantasy = {
 
 constexpr std::array<std::string_view, 5> kClosingButtons = {"cmdOK", "cmdCancel", "cmdExit", "cmdQuit", "cmdClose"};
 
-void SetFont(IControl& control, const SSkin& skin) {
+void PaintBase(IControl& control, const SSkin& skin, Colour back, Colour fore) {
     control.SetFontName(skin.fontName);
     control.SetFontSize(kFontSize);
     control.SetFontBold(false);
-}
-
-void SetColours(IControl& control, Colour back, Colour fore) {
     control.SetBackColor(back);
     control.SetForeColor(fore);
 }
 
 void Paint(QXLabel& label, const SSkin& skin) {
-    SetColours(label, skin.form, skin.label.fore);
+    PaintBase(label, skin, skin.form, skin.label.fore);
     for (const SSkin::SNamedLabel& named : skin.namedLabels) {
         if (label.Name() != named.name) continue;
         if (named.fore) label.SetForeColor(*named.fore);
@@ -115,19 +112,19 @@ void Paint(QXLabel& label, const SSkin& skin) {
 // The colours of a selected row are those of a button that is on.
 template <class List>
 void PaintList(List& list, const SSkin& skin) {
-    SetColours(list, skin.field.back, skin.field.fore);
+    PaintBase(list, skin, skin.field.back, skin.field.fore);
     list.SetSelectedColor(skin.button.selected);
     list.SetSelectedForeColor(skin.button.selectedFore);
 }
 
 void Paint(QXFrame& frame, const SSkin& skin) {
-    SetColours(frame, skin.form, skin.frame.fore);
+    PaintBase(frame, skin, skin.form, skin.frame.fore);
     frame.SetBorderColor(skin.frame.border);
     frame.SetBorderWidth(skin.frame.borderWidth);
 }
 
 void Paint(QXColorButton& button, const SSkin& skin) {
-    SetColours(button, skin.button.back, skin.button.fore);
+    PaintBase(button, skin, skin.button.back, skin.button.fore);
     button.SetBorderStyle(0);
     button.SetBorderColor(skin.button.border);
     button.SetBorderWidth(skin.button.borderWidth);
@@ -143,7 +140,7 @@ void Paint(QXColorButton& button, const SSkin& skin) {
 }
 
 void Paint(QXChoiceList& list, const SSkin& skin) {
-    SetColours(list, skin.field.back, skin.field.fore);
+    PaintBase(list, skin, skin.field.back, skin.field.fore);
     list.SetListWindowBackColor(skin.choice.listBack);
     list.SetButtonColor(skin.choice.button);
     list.SetPromptFontColor(skin.choice.prompt);
@@ -182,13 +179,6 @@ void CVDGuiHandler::Apply(CForm& form, const SSkin& skin) {
     form.SetBackColor(skin.form);
     form_ = &form;
     for (IControl* control : form.Controls()) {
-        const bool known =
-            dynamic_cast<QXLabel*>(control) != nullptr || dynamic_cast<QXEditList*>(control) != nullptr ||
-            dynamic_cast<CListBox*>(control) != nullptr || dynamic_cast<QXTextEdit*>(control) != nullptr ||
-            dynamic_cast<CTextBox*>(control) != nullptr || dynamic_cast<QXFrame*>(control) != nullptr ||
-            AsButton(control) != nullptr || dynamic_cast<QXChoiceList*>(control) != nullptr;
-        if (!known) continue;
-        SetFont(*control, skin);
         if (auto* label = dynamic_cast<QXLabel*>(control)) {
             Paint(*label, skin);
         } else if (auto* editList = dynamic_cast<QXEditList*>(control)) {
@@ -198,7 +188,7 @@ void CVDGuiHandler::Apply(CForm& form, const SSkin& skin) {
         } else if (auto* list = dynamic_cast<CListBox*>(control)) {
             PaintList(*list, skin);
         } else if (dynamic_cast<QXTextEdit*>(control) != nullptr || dynamic_cast<CTextBox*>(control) != nullptr) {
-            SetColours(*control, skin.field.back, skin.field.fore);
+            PaintBase(*control, skin, skin.field.back, skin.field.fore);
             control->SetTabStop(false);
         } else if (auto* frame = dynamic_cast<QXFrame*>(control)) {
             Paint(*frame, skin);
