@@ -38,7 +38,8 @@ std::int16_t CAccessory::PFBaseCost() const {
 
 void CAccessory::CalculatePointCost() {
     baseCost_ = CInt16(targetingBonus_) * 5 + PFBaseCost();
-    double cost = AreaFactor() * baseCost_;
+    baseCost_ = MNumberText::Finite(AreaFactor() * baseCost_);
+    double cost = baseCost_;
     cost *= Power(0.5, words_[OneUse]);
     cost *= Power(0.75, words_[Recharge]);
     cost *= Power(0.75, words_[NeedsReloading]);

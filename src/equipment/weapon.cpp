@@ -74,7 +74,8 @@ void CWeapon::CalculatePointCost() {
     pointCost_ = MNumberText::Finite(cost);
 
     const double area = AreaFactor();
-    cost = penMultiplier_ * cost * area;
+    pointCost_ = MNumberText::Finite(penMultiplier_ * cost * area);
+    cost = pointCost_;
     cost *= Power(2.0, words_[AutomaticFire]);
     cost *= Power(1.5, words_[ParabolicTrajectory]);
     cost *= Power(2.0, words_[Sticky]);
