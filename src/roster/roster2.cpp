@@ -147,7 +147,12 @@ std::int16_t URoster2::NewRoster(const std::string& path) {
 }
 
 void URoster2::CloseRoster(std::int16_t fileNumber) {
-    MTextOutput::Print(fileNumber, kTail);
+    try {
+        MTextOutput::Print(fileNumber, kTail);
+    } catch (const CRuntimeError&) {
+        MTextOutput::Abandon(fileNumber);
+        throw;
+    }
     MTextOutput::Close(fileNumber);
 }
 

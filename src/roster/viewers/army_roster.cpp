@@ -92,11 +92,7 @@ void FArmyRoster::ShowAccessoryList(const CEqList& list, const std::string& name
 }
 
 void FArmyRoster::MouseMove(IControl* control) {
-    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
-        GuiHandler->HighlightButton(*control);
-    } else {
-        GuiHandler->UnhighlightButton();
-    }
+    GuiHandler->FollowPointer(control);
 }
 
 void FArmyRoster::cmdExit_Click() {

@@ -28,10 +28,6 @@ std::string PathOf(const QString& name) {
 
 }  // namespace
 
-void CPagePictures::Serve(QTextDocument& document) {
-    document.documentLayout()->registerHandler(QTextFormat::ImageObject, this);
-}
-
 PicturePtr CPagePictures::Picture(const QTextImageFormat& format) {
     const QString name = format.name();
     const auto known = pictures_.constFind(name);

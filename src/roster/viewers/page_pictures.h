@@ -15,8 +15,6 @@ class CPagePictures : public QObject, public QTextObjectInterface {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
   public:
-    /// Has the document draw its pictures by this object, which must outlive it.
-    void Serve(QTextDocument& document);
     /// Forgets the pictures read so far.
     void Clear() { pictures_.clear(); }
 

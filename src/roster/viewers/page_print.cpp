@@ -3,7 +3,6 @@
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QPrinter>
-#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextTable>
 #include <algorithm>
@@ -12,7 +11,7 @@
 #include "controls/colour.h"
 #include "controls/fonts.h"
 #include "controls/form.h"
-#include "roster/viewers/page_browser.h"
+#include "roster/viewers/page_document.h"
 
 namespace {
 
@@ -162,19 +161,17 @@ QString CPagePrint::TitleOf(const QTextDocument& document) {
 
 void CPagePrint::Print(QPrinter& printer) {
     const CBusyPointer busy;
+    const QRectF printable = printer.pageLayout().paintRectPixels(printer.resolution());
     printer.setFullPage(true);
     const QRectF paper = printer.paperRect(QPrinter::DevicePixel);
-    const QRectF printable = printer.pageLayout().paintRectPixels(printer.resolution());
     const double margin = Pixels(kMargin, printer.logicalDpiX());
     const QRectF area = paper.adjusted(margin, margin, -margin, -margin).intersected(printable);
     const double footer = Pixels(kFooter, printer.logicalDpiY());
     if (area.width() < margin || area.height() < 2 * footer) return;
 
-    CPagePictures pictures;
-    QTextDocument document;
-    pictures.Serve(document);
+    CPageDocument document;
     document.documentLayout()->setPaintDevice(&printer);
-    FillDocument(document, page_);
+    document.Fill(page_);
     document.setDocumentMargin(0);
     QTextCursor changes(&document);
     changes.beginEditBlock();  // laid out once, and not after each change

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QRectF>
-#include <QTextDocument>
+#include <QTextBlock>
 #include <vector>
 
 #include "controls/print_job.h"
-#include "roster/viewers/page_pictures.h"
 #include "roster/viewers/page_text.h"
 
-class QPainter;
+class QTextDocument;
 
 /// Prints a page for the table: dark on white whatever its colours, its parts kept whole on the sheets, each sheet with
 /// a number.

@@ -49,11 +49,7 @@ void FUnitViewer::ShowMultiUnit(const CMultUnit& squad, bool flag) {
 }
 
 void FUnitViewer::MouseMove(IControl* control) {
-    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
-        GuiHandler->HighlightButton(*control);
-    } else {
-        GuiHandler->UnhighlightButton();
-    }
+    GuiHandler->FollowPointer(control);
 }
 
 void FUnitViewer::cmdExit_Click() {
