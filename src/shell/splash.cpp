@@ -57,15 +57,16 @@ void FSplash::paintEvent(QPaintEvent* event) {
     painted_ = true;
 }
 
-// A message that comes up meanwhile belongs above the splash, whether or not the splash is the active window.
+// All widgets of the program pass here. A message that comes up meanwhile belongs above the splash, whether or not the
+// splash is the active window.
 bool FSplash::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Show && watched != this && watched->isWidgetType()) {
-        const auto* widget = static_cast<QWidget*>(watched);
-        if (widget->isWindow() && widget->windowHandle() != nullptr && isVisible()) {
-            widget->windowHandle()->setTransientParent(windowHandle());
-        }
+    if (!watched->isWidgetType()) return false;
+    auto* widget = static_cast<QWidget*>(watched);
+    if (widget->window() == this) return CForm::eventFilter(watched, event);
+    if (event->type() == QEvent::Show && widget->isWindow() && widget->windowHandle() != nullptr && isVisible()) {
+        widget->windowHandle()->setTransientParent(windowHandle());
     }
-    return CForm::eventFilter(watched, event);
+    return false;
 }
 
 void FSplash::WaitUntilShown(std::chrono::milliseconds bound) {
