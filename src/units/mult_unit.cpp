@@ -30,6 +30,29 @@ class CNesting {
 
 int CNesting::depth_ = 0;
 
+// Counts the members of one copy, squads in squads included. Squads that refer to each other by name can unfold, update
+// by update, into more copies than any memory holds.
+class CCopying {
+  public:
+    CCopying() {
+        if (depth_++ == 0) members_ = 0;
+    }
+    CCopying(const CCopying&) = delete;
+    CCopying& operator=(const CCopying&) = delete;
+    ~CCopying() { --depth_; }
+
+    void CountMember() {
+        if (++members_ > CMultUnit::kMostMembersCopied) throw CRuntimeError(ErrorNumber::OutOfMemory);
+    }
+
+  private:
+    static int depth_;
+    static int members_;
+};
+
+int CCopying::depth_ = 0;
+int CCopying::members_ = 0;
+
 }  // namespace
 
 CMultUnit::CMultUnit() {
@@ -108,7 +131,9 @@ void CMultUnit::Clone(const CMultUnit& source) {
     key_ = source.key_;
     quantity_ = source.quantity_;
     units_->Clear();
+    CCopying copying;
     for (const CGenUnit& member : source.Units()) {
+        copying.CountMember();
         auto copy = std::make_shared<CGenUnit>();
         copy->Clone(member);
         AddAsSummary(std::move(copy));

@@ -17,6 +17,8 @@ class CMultUnit : public CBaseUnit {
 
     /// Deeper nesting in a file fails the read, as running out of stack would.
     static constexpr int kDeepestNesting = 500;
+    /// A copy that unfolds into more members, those of inner squads included, is error 7.
+    static constexpr int kMostMembersCopied = 200'000;
 
     std::int32_t UnitType() const override { return kSquadType; }
     void SetQuantity(std::int16_t quantity) override;

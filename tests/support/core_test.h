@@ -71,6 +71,12 @@ class CoreTest : public testing::Test {
   protected:
     CoreTest() { platform_.Folder = folder_.Path(); }
 
+    /// Writes a file into the folder and gives its path.
+    std::string Save(const std::string& name, const std::string& bytes) {
+        WriteBytes(folder_ / name, bytes);
+        return folder_ / name;
+    }
+
     CTestFolder folder_;
     CScriptedPlatform platform_;
 };

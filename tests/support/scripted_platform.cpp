@@ -2,44 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <utility>
 
 #include "core/files/runtime_error.h"
 
 namespace {
 
-const char* NameOf(BoxKind kind) {
-    switch (kind) {
-        case BoxKind::Plain:
-            return "plain";
-        case BoxKind::Critical:
-            return "critical";
-        case BoxKind::Warning:
-            return "warning";
-        case BoxKind::Question:
-            return "question";
-        case BoxKind::Information:
-            return "information";
-    }
-    return "?";
-}
-
-const char* NameOf(BoxButtons buttons) {
-    switch (buttons) {
-        case BoxButtons::Ok:
-            return "OK";
-        case BoxButtons::OkCancel:
-            return "OK, Cancel";
-        case BoxButtons::YesNo:
-            return "Yes, No";
-        case BoxButtons::YesNoCancel:
-            return "Yes, No, Cancel";
-    }
-    return "?";
-}
+constexpr std::array kKinds = {"plain", "critical", "warning", "question", "information"};
+constexpr std::array kButtons = {"OK", "OK, Cancel", "Yes, No", "Yes, No, Cancel"};
 
 std::string BoxText(BoxKind kind, BoxButtons buttons, const std::string& text) {
-    return std::string(NameOf(kind)) + " box [" + NameOf(buttons) + "]: " + text;
+    return kKinds.at(static_cast<std::size_t>(kind)) + std::string(" box [") +
+           kButtons.at(static_cast<std::size_t>(buttons)) + "]: " + text;
 }
 
 // The answer that loses least, for a box that nobody expected.
@@ -109,14 +84,6 @@ BoxAnswer CScriptedPlatform::ShowBox(BoxKind kind, BoxButtons buttons, const std
     return Next(BoxText(kind, buttons, text), expected) ? expected.answer : SafeAnswer(buttons);
 }
 
-bool CScriptedPlatform::ShowOpen(CFileDialog& dialog) {
-    return ShowFile("open dialog", dialog);
-}
-
-bool CScriptedPlatform::ShowSave(CFileDialog& dialog) {
-    return ShowFile("save dialog", dialog);
-}
-
 bool CScriptedPlatform::ShowFile(const std::string& what, CFileDialog& dialog) {
     SExpected expected;
     if (!Next(what, expected)) return false;
@@ -136,10 +103,6 @@ int CScriptedPlatform::ShellExecute(const std::string& verb, const std::string& 
                                     const std::string& folder, int showMode) {
     ShellExecutes.push_back({verb, file, parameters, folder, showMode});
     return ShellResult;
-}
-
-void CScriptedPlatform::ProcessEvents() {
-    if (OnProcessEvents) OnProcessEvents();
 }
 
 void CScriptedPlatform::SetBusyPointer(bool busy) {

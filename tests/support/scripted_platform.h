@@ -46,8 +46,8 @@ class CScriptedPlatform : public IPlatform {
     bool Busy = false;  ///< it is up now
 
     BoxAnswer ShowBox(BoxKind kind, BoxButtons buttons, const std::string& text) override;
-    bool ShowOpen(CFileDialog& dialog) override;
-    bool ShowSave(CFileDialog& dialog) override;
+    bool ShowOpen(CFileDialog& dialog) override { return ShowFile("open dialog", dialog); }
+    bool ShowSave(CFileDialog& dialog) override { return ShowFile("save dialog", dialog); }
     bool ShowPrint(IPrintJob& job) override;
     int ShellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
                      const std::string& folder, int showMode) override;
@@ -56,7 +56,9 @@ class CScriptedPlatform : public IPlatform {
     std::string Title() const override { return "VdTools2"; }
     CAppVersion Version() const override { return AppVersion; }
     bool PreviousInstance() override { return Previous; }
-    void ProcessEvents() override;
+    void ProcessEvents() override {
+        if (OnProcessEvents) OnProcessEvents();
+    }
     void SetBusyPointer(bool busy) override;
 
   private:

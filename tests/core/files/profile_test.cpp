@@ -22,11 +22,11 @@ namespace {
 
 class ProfileTest : public CoreTest {
   protected:
-    // The settings file is the profile that works key by key.
-    std::string Settings() const { return folder_ / "vdtools2.ini"; }
-    std::size_t FilesInFolder() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.Path()), {}));
-    }
+    std::ptrdiff_t FilesInFolder() const { return std::distance(fs::directory_iterator(folder_.Path()), {}); }
+
+    const std::string settings_ = folder_ / "vdtools2.ini";  // the profile that works key by key
+    CProfile profile_;
+    CArmyTables tables_;
 };
 
 std::string Unescaped(const std::string& text) {
@@ -70,6 +70,7 @@ void RunCase(const std::vector<Record>& records, const std::string& path) {
         std::string value = "untouched";
         if (record[0] == "before") {
             WriteBytes(path, record[1]);
+            if (records[1] == Record{"setup", "file_read_only"}) ::chmod(path.c_str(), 0444);
         } else if (record[0] == "after") {
             after = record[1];
         } else if (record[0] == "write") {
@@ -81,7 +82,6 @@ void RunCase(const std::vector<Record>& records, const std::string& path) {
             EXPECT_FALSE(profile.ReadProfile(record[1], record[2], value));
             EXPECT_EQ(value, "untouched");
         }
-        if (record[0] == "before" && records[1] == Record{"setup", "file_read_only"}) ::chmod(path.c_str(), 0444);
     }
     EXPECT_EQ(fs::exists(path), after.has_value());
     EXPECT_EQ(ReadBytes(path), after.value_or(""));
@@ -98,14 +98,12 @@ TEST_F(ProfileTest, BehavesAsObserved) {
 }
 
 TEST_F(ProfileTest, ReadsOddLinesAsTheyStand) {
-    WriteBytes(Settings(), "k=outside\n[ S ] x\r;k=comment\r[t]\n[S\nk=2\r\n\r\n\r\n[s]\nk=second\n[T]\nk='it''s'\n");
-    CProfile profile;
-    std::string value;
-    EXPECT_FALSE(profile.KeyExists("S", "k"));  // the first section of the name counts, a comment is no key
-    EXPECT_FALSE(profile.KeyExists("", "k"));
-    EXPECT_FALSE(profile.KeyExists("t", "k"));
-    EXPECT_TRUE(profile.WriteProfile("s", "n", "1"));
-    EXPECT_TRUE(ReadBytes(Settings()).starts_with("k=outside\n[ S ] x\r;k=comment\rn=1\r\n[t]\n"));
+    WriteBytes(settings_, "k=outside\n[ S ] x\r;k=comment\r[t]\n[S\nk=2\r\n\r\n\r\n[s]\nk=second\n[T]\nk='it''s'\n");
+    // The first section of the name counts, a comment is no key.
+    for (const auto& [section, key] : {std::pair("S", "k"), {"S", ";k"}, {"", "k"}, {"t", "k"}})
+        EXPECT_FALSE(profile_.KeyExists(section, key)) << section << key;
+    EXPECT_TRUE(profile_.WriteProfile("s", "n", "1"));
+    EXPECT_TRUE(ReadBytes(settings_).starts_with("k=outside\n[ S ] x\r;k=comment\rn=1\r\n[t]\n"));
 }
 
 // What was written step by step is what a reader of the whole text finds, odd names and values included.
@@ -136,106 +134,81 @@ TEST(ProfileText, StaysInStepWithItsText) {
 }
 
 TEST_F(ProfileTest, KeyByKeySeesWhatOthersWrite) {
-    CProfile mine;
     CProfile other;
     std::string value;
-    EXPECT_EQ(mine.ProfileName(), Settings());
     for (const char* text : {"one", "two", "six"}) {  // of one length and within one tick of the clock
-        WriteBytes(Settings(), "[S]\r\nk=" + std::string(text) + "\r\n");
-        EXPECT_TRUE(mine.ReadProfile("S", "k", value));
+        WriteBytes(settings_, "[S]\r\nk=" + std::string(text) + "\r\n");
+        EXPECT_TRUE(profile_.ReadProfile("S", "k", value));
         EXPECT_EQ(value, text);
     }
     EXPECT_TRUE(other.WriteProfile("S", "theirs", "1"));
-    EXPECT_TRUE(mine.WriteProfile("S", "mine", "2"));
-    EXPECT_EQ(ReadBytes(Settings()), "[S]\r\nk=six\r\ntheirs=1\r\nmine=2\r\n");
-    fs::remove(Settings());
-    EXPECT_FALSE(mine.KeyExists("S", "k"));
+    EXPECT_TRUE(profile_.WriteProfile("S", "mine", "2"));
+    EXPECT_EQ(ReadBytes(settings_), "[S]\r\nk=six\r\ntheirs=1\r\nmine=2\r\n");
+    fs::remove(settings_);
+    EXPECT_FALSE(profile_.KeyExists("S", "k"));
 }
 
 TEST_F(ProfileTest, WhatCannotBeReadIsNotReplaced) {
-    fs::create_directory(Settings());
-    CProfile profile;
-    EXPECT_FALSE(profile.KeyExists("S", "k"));
-    EXPECT_FALSE(profile.WriteProfile("S", "k", "v"));
-    EXPECT_TRUE(fs::is_directory(Settings()));
+    fs::create_directory(settings_);
+    EXPECT_FALSE(profile_.KeyExists("S", "k"));
+    EXPECT_FALSE(profile_.WriteProfile("S", "k", "v"));
+    EXPECT_TRUE(fs::is_directory(settings_));
     if (::geteuid() == 0) return;  // root reads everything
-    WriteBytes(folder_ / "locked.ini", "[S]\r\nother=1\r\n");
+    profile_.SetProfileName(Save("locked.ini", "[S]\r\nother=1\r\n"));
     ::chmod((folder_ / "locked.ini").c_str(), 0200);
-    profile.SetProfileName(folder_ / "locked.ini");
-    EXPECT_FALSE(profile.WriteProfile("S", "k", "v"));
+    EXPECT_FALSE(profile_.WriteProfile("S", "k", "v"));
     ::chmod((folder_ / "locked.ini").c_str(), 0600);
     EXPECT_EQ(ReadBytes(folder_ / "locked.ini"), "[S]\r\nother=1\r\n");
 }
 
-TEST_F(ProfileTest, GatheredStartsEmptyAndReachesTheFileAtCommit) {
-    WriteBytes(folder_ / "d", "[OLD]\r\nk=v\r\n");
-    CProfile profile = CProfile::ForSaving(folder_ / "d");
-    EXPECT_FALSE(profile.KeyExists("OLD", "k"));
-    EXPECT_TRUE(profile.WriteProfile("A", "x", "1"));
-    EXPECT_TRUE(profile.WriteProfile("B", "y", "2"));
-    EXPECT_TRUE(profile.WriteProfile("A", "z", " 3"));
-    EXPECT_EQ(ReadBytes(folder_ / "d"), "[OLD]\r\nk=v\r\n");
-    EXPECT_TRUE(profile.Commit());
-    EXPECT_EQ(ReadBytes(folder_ / "d"), "[A]\r\nx=1\r\nz= 3\r\n[B]\r\ny=2\r\n");
-    EXPECT_EQ(FilesInFolder(), 1u);
-}
-
 TEST_F(ProfileTest, SavingKeepsModeOwnerAndLink) {
-    WriteBytes(folder_ / "real", "old");
-    ::chmod((folder_ / "real").c_str(), 0640);
-    const bool given = ::geteuid() == 0 && ::chown((folder_ / "real").c_str(), 12345, 23456) == 0;
-    EXPECT_EQ(given, ::geteuid() == 0);
+    const std::string real = Save("real", "old");
+    ::chmod(real.c_str(), 0640);
+    EXPECT_EQ(::chown(real.c_str(), 12345, 23456) == 0, ::geteuid() == 0);
     struct stat before {};
-    ::stat((folder_ / "real").c_str(), &before);
+    struct stat after {};
+    ::stat(real.c_str(), &before);
     fs::create_symlink("real", folder_ / "link");
     fs::create_symlink("link", folder_ / "link2");
-    CArmyTables tables;
-    EXPECT_TRUE(tables.WriteInfo(folder_ / "link2"));
-    struct stat after {};
-    ::stat((folder_ / "real").c_str(), &after);
+    EXPECT_TRUE(tables_.WriteInfo(folder_ / "link2"));
+    ::stat(real.c_str(), &after);
     EXPECT_EQ(after.st_mode, before.st_mode);
     EXPECT_EQ(after.st_uid, before.st_uid);
     EXPECT_EQ(after.st_gid, before.st_gid);
     EXPECT_TRUE(fs::is_symlink(folder_ / "link") && fs::is_symlink(folder_ / "link2"));
-    EXPECT_TRUE(ReadBytes(folder_ / "real").starts_with("[TOP]\r\n"));
+    EXPECT_TRUE(ReadBytes(real).starts_with("[TOP]\r\n"));
 
     fs::create_symlink("not-there-yet", folder_ / "dangling");
-    EXPECT_TRUE(tables.WriteInfo(folder_ / "dangling"));
+    EXPECT_TRUE(tables_.WriteInfo(folder_ / "dangling"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "dangling") && fs::is_regular_file(folder_ / "not-there-yet"));
     fs::create_symlink("loop", folder_ / "loop");
-    EXPECT_FALSE(tables.WriteInfo(folder_ / "loop"));
-    EXPECT_EQ(FilesInFolder(), 6u);
+    EXPECT_FALSE(tables_.WriteInfo(folder_ / "loop"));
+    EXPECT_EQ(FilesInFolder(), 6);
 }
 
 TEST_F(ProfileTest, RefusedSaveLeavesEverythingAsItWas) {
-    CArmyTables tables;
-    WriteBytes(folder_ / "readonly", "former");
-    ::chmod((folder_ / "readonly").c_str(), 0444);
+    ::chmod(Save("readonly", "former").c_str(), 0444);
     fs::create_directory(folder_ / "folder");
-    for (const std::string& path : {folder_ / "readonly", folder_ / "folder", folder_ / "missing/x",
-                                    folder_ / "readonly/x", std::string(), folder_ / std::string(300, 'n')}) {
-        EXPECT_FALSE(tables.WriteInfo(path)) << path;
-    }
-    EXPECT_EQ(ReadBytes(folder_ / "readonly"), "former");
-    EXPECT_EQ(FilesInFolder(), 2u);
-}
+    for (const char* name : {"readonly", "folder", "missing/x", "readonly/x"})
+        EXPECT_FALSE(tables_.WriteInfo(folder_ / name)) << name;
+    EXPECT_FALSE(tables_.WriteInfo("") || tables_.WriteInfo(folder_ / std::string(300, 'n')));
 
-TEST_F(ProfileTest, SaveOntoAFullDiskLeavesTheFormerFileAndNoOther) {
-    CArmyTables tables;
-    tables.SetDescr(std::string(5000, 'x'));
-    WriteBytes(folder_ / "d", "former");
+    tables_.SetDescr(std::string(5000, 'x'));
+    Save("d", "former");
     rlimit limit{};
     ::getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{1000, limit.rlim_max};
+    const rlimit small{1000, limit.rlim_max};  // as a full disk does, it lets the beginning through
     auto* former = ::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &small);
-    const bool saved = tables.WriteInfo(folder_ / "d");
+    const bool saved = tables_.WriteInfo(folder_ / "d");
     ::setrlimit(RLIMIT_FSIZE, &limit);
     ::signal(SIGXFSZ, former);
     EXPECT_FALSE(saved);
     EXPECT_EQ(MLastError::Number(), 61);
-    EXPECT_EQ(ReadBytes(folder_ / "d"), "former");
-    EXPECT_EQ(FilesInFolder(), 1u);
+
+    for (const char* name : {"readonly", "d"})
+        EXPECT_EQ(ReadBytes(folder_ / name), "former");
+    EXPECT_EQ(FilesInFolder(), 3);
 }
 
 TEST_F(ProfileTest, KilledSaveLeavesTheOldFileOrTheNewOne) {

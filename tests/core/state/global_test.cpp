@@ -1,8 +1,5 @@
 #include "core/state/global.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "core/files/hide_utils.h"
 #include "core/files/profile.h"
 #include "core/state/app.h"
@@ -33,30 +30,32 @@ class GlobalTest : public CoreTest {
         std::string text;
         for (const std::string& line : lines)
             text += MHideUtils::EncodeLine(line) + "\r\n";
-        WriteBytes(folder_ / "SuppData.vdx", text);
+        Save("SuppData.vdx", text);
+    }
+    void Load(const std::string& equipment, const std::string& list, const std::string& roster) {
+        if (!equipment.empty()) MGlobal::SetEquipmentFile(Save("a.v2q", equipment));
+        if (!list.empty()) MGlobal::SetArmyListFile(Save("a.v2l", list));
+        if (!roster.empty()) MGlobal::SetArmyRosterFile(Save("a.v2r", roster));
+        MGlobal::LoadWorkingFiles();
     }
     void Expect(BoxKind kind, const std::string& text) { platform_.ExpectBox(kind, BoxButtons::Ok, text); }
-    void ExpectQuestion(const std::string& text, BoxAnswer answer) {
-        platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo, text, answer);
-    }
-    std::string Save(const char* name, const std::string& bytes) {
-        WriteBytes(folder_ / name, bytes);
-        return folder_ / name;
+    void ExpectQuestion(const std::string& document, BoxAnswer answer) {
+        platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo, document + " modified, save changes to file?",
+                            answer);
     }
 };
 
 TEST_F(GlobalTest, FirstRunShowsNothing) {
     MGlobal::ReadWorkingFileNames();
     EXPECT_EQ(MGlobal::DataFolder(), folder_ / "Data");
-    EXPECT_EQ(MGlobal::EquipmentFile() + MGlobal::ArmyListFile() + MGlobal::ArmyRosterFile(), "");
-    MGlobal::CheckDataFolder();
-    EXPECT_EQ(MGlobal::PathKind(folder_ / "Data"), 1);
-    MGlobal::CheckDataFolder();
-    WriteBytes(folder_ / "SuppData.tmp", "left behind by a crash");
-    MGlobal::LoadWorkingFiles();
+    for (int run = 0; run < 2; ++run) {
+        MGlobal::CheckDataFolder();
+        EXPECT_EQ(MGlobal::PathKind(folder_ / "Data"), 1);
+    }
+    Save("SuppData.tmp", "left behind by a crash");
+    Load("", "", "");
     EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
     EXPECT_EQ(MGlobal::SuppTables().GetBasePointCost("RIFLE"), 12);
-    EXPECT_EQ(MGlobal::ArmyList().ArmyUnits().Count(), 0);
     EXPECT_EQ(
         MGlobal::SyncRosterWithArmyList() + MGlobal::SyncArmyListWithEquipment() + MGlobal::RecalculateEquipment(), "");
     MGlobal::PromptSaveModified(-1);
@@ -64,7 +63,7 @@ TEST_F(GlobalTest, FirstRunShowsNothing) {
 }
 
 TEST_F(GlobalTest, FileInPlaceOfTheDataFolderIsToldInItalian) {
-    WriteBytes(folder_ / "Data", "");
+    Save("Data", "");
     MGlobal::ReadWorkingFileNames();
     Expect(BoxKind::Warning, "Attenzione, esiste un file con nome " + (folder_ / "Data") +
                                  ". Questo file deve essere rimosso o rinominato perche' questo programma funzioni "
@@ -87,17 +86,13 @@ TEST_F(GlobalTest, WorkingFilesComeFromTheSettings) {
 }
 
 TEST_F(GlobalTest, EachFailureToLoadHasItsMessage) {
-    const auto load = [] { MGlobal::LoadWorkingFiles(); };
     EXPECT_EQ(ErrorOf([] { (void)MGlobal::SuppTables(); }), 91);
     fs::remove(folder_ / "SuppData.vdx");
-    MGlobal::SetEquipmentFile(folder_ / "none.v2q");
-    MGlobal::SetArmyListFile(Save("a.v2l", kRoster));
-    MGlobal::SetArmyRosterFile(Save("a.v2r", Changed(kRoster, "COUNT=1", "COUNT=2")));
     Expect(BoxKind::Critical, "Cannot find support tables.");
     Expect(BoxKind::Warning, "Error while reading equipment tables.");
     Expect(BoxKind::Warning, "Error while reading army list.");
     Expect(BoxKind::Warning, "Error while reading army roster.");
-    load();
+    Load("no tables", kRoster, Changed(kRoster, "COUNT=1", "COUNT=2"));
     EXPECT_FALSE(MGlobal::HasSuppTables());
     EXPECT_EQ(MGlobal::ArmyListFile(), folder_ / "a.v2l");
     EXPECT_EQ(MGlobal::ArmyRoster().ArmyUnits().Count(), 1);
@@ -107,78 +102,63 @@ TEST_F(GlobalTest, EachFailureToLoadHasItsMessage) {
     Scramble({"\"#VD_VER\",2,2", "0,0,0", "\"#CX\",0"});
     Expect(BoxKind::Warning, "Error while reading support tables (0: ).");
     Expect(BoxKind::Critical, "Error while reading support tables.");
-    load();
+    Load("", "", "");
     EXPECT_TRUE(MGlobal::HasSuppTables());
     EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
 
-    MGlobal::Reset();
     fs::create_directory(folder_ / "SuppData.tmp");
     Expect(BoxKind::Critical,
            "Error while reading support tables (check disk space and file permission to the application directory).");
-    load();
+    Load("", "", "");
     fs::remove(folder_ / "SuppData.tmp");
 
-    MGlobal::Reset();
-    WriteBytes(folder_ / "SuppData.vdx", "a\tb\r\n");
-    EXPECT_EQ(ErrorOf(load), 5);  // ends the run
+    Save("SuppData.vdx", "a\tb\r\n");
+    EXPECT_EQ(ErrorOf([&] { Load("", "", ""); }), 5);  // ends the run
     EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
 }
 
 TEST_F(GlobalTest, AsksAboutModifiedDocumentsInOrder) {
-    MGlobal::LoadWorkingFiles();
+    Load("", "", "");
     for (std::int16_t index = 0; index < 4; ++index)
         MGlobal::SetFileModified(index, true);
-    ExpectQuestion("Army Roster modified, save changes to file?", BoxAnswer::No);
+    ExpectQuestion("Army Roster", BoxAnswer::No);
     MGlobal::PromptSaveModified(1);
     EXPECT_TRUE(MGlobal::IsFileModified(1));
+    ExpectQuestion("Equipment List", BoxAnswer::Yes);
+    Expect(BoxKind::Warning, "Error while writing equipment list.");  // it has no path
+    MGlobal::PromptSaveModified(2);
     MGlobal::SetEquipmentFile(folder_ / "a.v2q");
     MGlobal::SetArmyListFile(folder_ / "none/a.v2l");
-    ExpectQuestion("Equipment List modified, save changes to file?", BoxAnswer::Yes);
-    ExpectQuestion("Army List modified, save changes to file?", BoxAnswer::Yes);
+    ExpectQuestion("Equipment List", BoxAnswer::Yes);
+    ExpectQuestion("Army List", BoxAnswer::Yes);
     Expect(BoxKind::Warning, "Error while saving army list.");
-    ExpectQuestion("Army Roster modified, save changes to file?", BoxAnswer::Yes);
-    Expect(BoxKind::Warning, "Error while saving army roster.");  // it has no path
+    ExpectQuestion("Army Roster", BoxAnswer::Yes);
+    Expect(BoxKind::Warning, "Error while saving army roster.");
     MGlobal::PromptSaveModified(-1);
-    EXPECT_FALSE(MGlobal::IsFileModified(2));
     EXPECT_TRUE(MGlobal::IsFileModified(0) && MGlobal::IsFileModified(1));
     EXPECT_EQ(MGlobal::PathKind(folder_ / "a.v2q"), -1);
     MGlobal::PromptSaveModified(2);
-    MGlobal::SetFileModified(2, true);
-    MGlobal::SetEquipmentFile("");
-    ExpectQuestion("Equipment List modified, save changes to file?", BoxAnswer::Yes);
-    Expect(BoxKind::Warning, "Error while writing equipment list.");
-    MGlobal::PromptSaveModified(2);
+    ExpectQuestion("Army List", BoxAnswer::No);
+    MGlobal::PromptSaveModified(0);
 }
 
 TEST_F(GlobalTest, RosterTakesItsSummariesFromTheList) {
-    MGlobal::SetArmyListFile(Save("a.v2l", Changed(kList, "STATS=10,5", "STATS=10,4")));
-    const std::string squad =
-        Lines({"[UNITLIST_2]", "ENTRY=#MU", "FULLINFO=0", "NAME=SQUAD", "QUANTITY=2", "POINTS=1,1"});
-    const std::string lost = Lines({"[UNITLIST_3]", "ENTRY=#MU", "FULLINFO=0", "NAME=lost \xE9", "POINTS=1,1"});
-    MGlobal::SetArmyRosterFile(Save("a.v2r", Changed(kRoster, "COUNT=1", "COUNT=3") + squad + lost));
-    MGlobal::LoadWorkingFiles();
-    CArmyRoster& roster = MGlobal::ArmyRoster();
+    const std::string more = Lines({"[UNITLIST_2]", "ENTRY=#MU", "FULLINFO=0", "NAME=SQUAD", "QUANTITY=2", "POINTS=1,1",
+                                    "[UNITLIST_3]", "ENTRY=#MU", "FULLINFO=0", "NAME=lost \xE9", "POINTS=1,1"});
+    Load("", Changed(kList, "STATS=10,5", "STATS=10,4"), Changed(kRoster, "COUNT=1", "COUNT=3") + more);
+    CUnitList& units = MGlobal::ArmyRoster().ArmyUnits();
     EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "\r\nlost \xE9");
-    const CGenUnit& unit = roster.ArmyUnits().Item(1);
-    EXPECT_EQ(unit.EquippedPointCost(), 35);  // 2 x (5 + 10 + 2.5)
-    EXPECT_EQ(unit.Quantity(), 2);
-    EXPECT_FALSE(unit.FullInfo());
-    EXPECT_EQ(roster.ArmyUnits().Item(2).Name(), "Squad");
-    EXPECT_EQ(roster.ArmyUnits().Item(2).EquippedPointCost(), 50);  // two of them, of the member's stored 25
-    EXPECT_FALSE(MGlobal::IsFileModified(1));
-    roster.ArmyUnits().Item(3).SetFullInfo(true);
+    EXPECT_EQ(units.Item(1).EquippedPointCost(), 35);  // 2 x (5 + 10 + 2.5)
+    EXPECT_EQ(units.Item(1).Quantity(), 2);
+    EXPECT_FALSE(units.Item(1).FullInfo() || MGlobal::IsFileModified(1));
+    EXPECT_EQ(units.Item(2).Name(), "Squad");
+    EXPECT_EQ(units.Item(2).EquippedPointCost(), 50);  // two of them, of the member's stored 25
+    units.Item(3).SetFullInfo(true);
     EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "");
 }
 
 TEST_F(GlobalTest, ListTakesEquipmentFirstAndThenSquadMembers) {
-    const std::string list = Changed(kList,
-                                     "NAME=Guard\r\nDESCR=\r\nKEY=GUARD\r\nTYPE=0\r\nCLASS=Infantry\r\nSUBCLASS=\r\n"
-                                     "QUANTITY=2\r\nPOINTS=20,25\r\nSTATS",
-                                     "NAME=Guard\r\nDESCR=\r\nKEY=GUARD\r\nTYPE=0\r\nCLASS=Infantry\r\nSUBCLASS=\r\n"
-                                     "QUANTITY=1\r\nPOINTS=20,25\r\nSTATS");
-    MGlobal::SetEquipmentFile(Save("a.v2q", kTables));
-    MGlobal::SetArmyListFile(Save("a.v2l", list));
-    MGlobal::LoadWorkingFiles();
+    Load(kTables, Changed(kList, "QUANTITY=2\r\nPOINTS=20,25\r\nSTATS", "QUANTITY=1\r\nPOINTS=20,25\r\nSTATS"), "");
     CUnitList& units = MGlobal::ArmyList().ArmyUnits();
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "");
     EXPECT_EQ(units.Item("guard").EquippedPointCost(), 20);  // 10, and the weapon of 10
@@ -186,51 +166,21 @@ TEST_F(GlobalTest, ListTakesEquipmentFirstAndThenSquadMembers) {
     EXPECT_EQ(units.Item("squad").EquippedPointCost(), 3 * 2 * 20);
 
     MGlobal::ArmyTables().Clear();
-    units.Remove("squad");
-    CGenUnit& guard = units.Item("guard");
-    guard.SetName("Sentry");
+    units.Item("squad").AsSquad()->Units().Item(1).SetName("Gone");
     auto armour = std::make_shared<CEqItem>();
     armour->NewItem(CEqItem::Accessory);
     armour->SetName("Plate");
-    guard.AsUnit()->AddItem(armour);
-    auto squad = std::make_shared<CGenUnit>();
-    squad->NewUnit(CGenUnit::Squad);
-    squad->SetName("Band");
-    auto member = std::make_shared<CGenUnit>();
-    member->NewUnit(CGenUnit::Single);
-    member->SetName("Gone");
-    squad->AsSquad()->Add(member, "");
-    units.Add(squad);
+    units.Item("guard").AsUnit()->AddItem(armour);
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(),
-              "\r\nUNIT: Sentry, WEAPON: Laser\r\nUNIT: Sentry, ACCESSORY: Plate\r\nUNIT: Gone");
+              "\r\nUNIT: Guard, WEAPON: Laser\r\nUNIT: Guard, ACCESSORY: Plate\r\nUNIT: Gone");
 }
 
 TEST_F(GlobalTest, SquadThatHoldsItselfIsRenewedOnce) {
-    MGlobal::SetArmyListFile(Save("a.v2l", Lines({"[TOP]",
-                                                  "APPVERSION=2_2",
-                                                  "ENTRY=#ARMYLIST",
-                                                  "[UNITLIST]",
-                                                  "ENTRY=#UL",
-                                                  "SORTED=1",
-                                                  "INDEXED=1",
-                                                  "COUNT=1",
-                                                  "[UNITLIST_1]",
-                                                  "ENTRY=#MU",
-                                                  "FULLINFO=1",
-                                                  "NAME=S",
-                                                  "POINTS=0,0",
-                                                  "[UNITLIST_1_UNITLIST]",
-                                                  "ENTRY=#UL",
-                                                  "SORTED=0",
-                                                  "INDEXED=0",
-                                                  "COUNT=1",
-                                                  "[UNITLIST_1_UNITLIST_1]",
-                                                  "ENTRY=#MU",
-                                                  "FULLINFO=0",
-                                                  "NAME=s",
-                                                  "QUANTITY=4",
-                                                  "POINTS=0,0"})));
-    MGlobal::LoadWorkingFiles();
+    const std::string itself =
+        Lines({"[UNITLIST_1]", "ENTRY=#MU", "FULLINFO=1", "NAME=S", "POINTS=0,0", "[UNITLIST_1_UNITLIST]", "ENTRY=#UL",
+               "SORTED=0", "INDEXED=0", "COUNT=1", "[UNITLIST_1_UNITLIST_1]", "ENTRY=#MU", "FULLINFO=0", "NAME=s",
+               "QUANTITY=4", "POINTS=0,0"});
+    Load("", Changed(kList.substr(0, kList.find("[UNITLIST_1]")), "COUNT=2", "COUNT=1") + itself, "");
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "");
     const CGenUnit& squad = MGlobal::ArmyList().ArmyUnits().Item(1);
     const CGenUnit& member = squad.AsSquad()->Units().Item(1);
@@ -240,12 +190,10 @@ TEST_F(GlobalTest, SquadThatHoldsItselfIsRenewedOnce) {
 }
 
 TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
-    const std::string summary = Lines({"[WEAPONLIST_2]", "ENTRY=#W", "FULLINFO=0", "NAME=Note", "CLASS=Rifle",
-                                       "POINTS=1,1", "[WEAPONLIST_3]", "ENTRY=#W", "FULLINFO=1", "NAME=Odd",
-                                       "CLASS=Sling", "POINTS=7,7", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0", "PROP3=1,1,0,0"});
-    MGlobal::SetEquipmentFile(
-        Save("a.v2q", Changed(Changed(kTables, "COUNT=1", "COUNT=3"), "[ACCESSORYLIST]", summary + "[ACCESSORYLIST]")));
-    MGlobal::LoadWorkingFiles();
+    const std::string more = Lines({"[WEAPONLIST_2]", "ENTRY=#W", "FULLINFO=0", "NAME=Note", "CLASS=Rifle",
+                                    "POINTS=1,1", "[WEAPONLIST_3]", "ENTRY=#W", "FULLINFO=1", "NAME=Odd", "CLASS=Sling",
+                                    "POINTS=7,7", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0", "PROP3=1,1,0,0"});
+    Load(Changed(kTables, "COUNT=1", "COUNT=3") + more, "", "");
     MGlobal::ArmyTables().ArmyAccessories().Item(1).SetFullInfo(false);
     Expect(BoxKind::Critical, "Invalid Weapon Class: \"Sling\".");
     EXPECT_EQ(MGlobal::RecalculateEquipment(), "\r\nACCESSORY: Plate\r\nWEAPON: Note");
@@ -253,10 +201,27 @@ TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
     EXPECT_EQ(MGlobal::ArmyTables().ArmyWeapons().Item("odd").PointCost(), 0);
 }
 
-TEST_F(GlobalTest, ExtensionsAreCompletedExactly) {
+TEST(Global, ExtensionsAreCompletedExactly) {
     EXPECT_EQ(MGlobal::EnsureExtension("/a/b.v2q", ".v2q"), "/a/b.v2q");
     EXPECT_EQ(MGlobal::EnsureExtension("/a/b.V2Q", ".v2q"), "/a/b.V2Q.v2q");
-    EXPECT_EQ(MGlobal::EnsureExtension("", ".v2q"), ".v2q");
+}
+
+TEST_F(GlobalTest, SquadsThatUnfoldWithoutEndAreRefused) {
+    // Each squad holds the one before it in the list twice: what the next one copies doubles every time.
+    Load("", "", "");
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        auto squad = std::make_shared<CGenUnit>();
+        squad->NewUnit(CGenUnit::Squad);
+        squad->SetName(std::string(1, letter));
+        for (int twice = 0; twice < 2; ++twice) {
+            auto member = std::make_shared<CGenUnit>();
+            member->NewUnit(CGenUnit::Squad);
+            member->SetName(std::string(1, static_cast<char>(letter - 1)));
+            squad->AsSquad()->Add(member, "");
+        }
+        MGlobal::ArmyList().ArmyUnits().Add(squad);
+    }
+    EXPECT_EQ(ErrorOf([] { MGlobal::SyncArmyListWithEquipment(); }), 7);
 }
 
 }  // namespace
