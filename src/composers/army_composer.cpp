@@ -175,11 +175,7 @@ void FArmyComposer::ClosingFailed() {
 }
 
 void FArmyComposer::MouseMove(IControl* control) {
-    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
-        GuiHandler->HighlightButton(*control);
-    } else {
-        GuiHandler->UnhighlightButton();
-    }
+    GuiHandler->FollowPointer(control);
 }
 
 void FArmyComposer::ShowItem() {

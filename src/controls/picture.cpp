@@ -1,81 +1,37 @@
 #include "controls/picture.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
+#include <cstdint>
 
 #include "core/files/ansi_text.h"
+#include "core/files/file_access.h"
 #include "core/files/platform.h"
 #include "core/files/runtime_error.h"
 
 namespace {
 
-constexpr off_t kLargestFile = off_t{64} << 20;
+constexpr std::int64_t kLargestFile = std::int64_t{64} << 20;
 constexpr int kLargestSide = 4096;
-
-class CDescriptor {
-  public:
-    explicit CDescriptor(int descriptor) : descriptor_(descriptor) {}
-    ~CDescriptor() {
-        if (descriptor_ >= 0) close(descriptor_);
-    }
-    CDescriptor(const CDescriptor&) = delete;
-    CDescriptor& operator=(const CDescriptor&) = delete;
-    int Get() const { return descriptor_; }
-
-  private:
-    int descriptor_;
-};
-
-[[noreturn]] void FailToOpen(const std::string& path, int error) {
-    if (error == ENOTDIR) throw CRuntimeError(ErrorNumber::PathNotFound);
-    if (error != ENOENT && error != ENAMETOOLONG) throw CRuntimeError(ErrorNumber::PathFileAccess);
-    const std::size_t slash = path.find_last_of('/');
-    struct stat folder {};
-    const bool folderThere = slash == std::string::npos || slash == 0 ||
-                             (stat(path.substr(0, slash).c_str(), &folder) == 0 && S_ISDIR(folder.st_mode));
-    throw CRuntimeError(folderThere ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
-}
-
-QByteArray ReadFile(const std::string& path) {
-    if (path.empty() || path.find('\0') != std::string::npos) throw CRuntimeError(ErrorNumber::FileNotFound);
-    // Not to wait for the other end of a pipe.
-    const CDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (file.Get() < 0) FailToOpen(path, errno);
-    struct stat facts {};
-    if (fstat(file.Get(), &facts) != 0 || !S_ISREG(facts.st_mode)) throw CRuntimeError(ErrorNumber::PathFileAccess);
-    if (facts.st_size > kLargestFile) throw CRuntimeError(ErrorNumber::InvalidPicture);
-    QByteArray bytes(static_cast<qsizetype>(facts.st_size), '\0');
-    qsizetype filled = 0;
-    while (filled < bytes.size()) {
-        const ssize_t got = read(file.Get(), bytes.data() + filled, static_cast<std::size_t>(bytes.size() - filled));
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) throw CRuntimeError(ErrorNumber::PathFileAccess);
-        if (got == 0) break;
-        filled += got;
-    }
-    bytes.truncate(filled);
-    return bytes;
-}
 
 }  // namespace
 
 PicturePtr CPicture::Load(const std::string& path) {
-    QByteArray bytes = ReadFile(path);
+    if (MFileAccess::StampOf(path).size > kLargestFile) throw CRuntimeError(ErrorNumber::InvalidPicture);
+    const std::string content = MFileAccess::ReadWholeFile(path);
+    QByteArray bytes = QByteArray::fromRawData(content.data(), static_cast<qsizetype>(content.size()));
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
+    // Drawings may refer to other files, which a document's picture must not make us read.
+    if (reader.format().startsWith("svg")) throw CRuntimeError(ErrorNumber::InvalidPicture);
     const QSize size = reader.size();
     if (size.width() > kLargestSide || size.height() > kLargestSide) {
         reader.setScaledSize(size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));

@@ -57,11 +57,7 @@ void FAbout::Form_Load() {
 }
 
 void FAbout::MouseMove(IControl* control) {
-    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
-        GuiHandler->HighlightButton(*control);
-    } else {
-        GuiHandler->UnhighlightButton();
-    }
+    GuiHandler->FollowPointer(control);
 }
 
 void FAbout::cmdLink_Click() {

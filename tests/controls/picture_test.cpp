@@ -28,6 +28,7 @@ TEST(Picture, WhatCannotBeReadHasItsErrorNumber) {
     const std::string root = folder.path().toStdString();
     std::ofstream(root + "/text.jpg") << "no picture";
     std::ofstream(root + "/empty.png");
+    std::ofstream(root + "/drawing.jpg") << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"4\" height=\"4\"/>";
     QImage image(6, 4, QImage::Format_RGB32);
     image.fill(Qt::red);
     ASSERT_TRUE(image.save(folder.filePath(QStringLiteral("wrong_name.gif")), "BMP"));
@@ -35,8 +36,9 @@ TEST(Picture, WhatCannotBeReadHasItsErrorNumber) {
     struct {
         const char* name;
         int error;
-    } const cases[] = {{"/none.png", 53}, {"/no/folder.png", 76}, {"/text.jpg/x.png", 76}, {"/pipe", 75},
-                       {"", 75},          {"/text.jpg", 481},     {"/empty.png", 481},     {"/wrong_name.gif", 0}};
+    } const cases[] = {
+        {"/none.png", 53},  {"/no/folder.png", 76}, {"/text.jpg/x.png", 76}, {"/pipe", 75},        {"", 75},
+        {"/text.jpg", 481}, {"/empty.png", 481},    {"/wrong_name.gif", 0},  {"/drawing.jpg", 481}};
     for (const auto& test : cases)
         EXPECT_EQ(ErrorOf(root + test.name), test.error) << test.name;
     EXPECT_EQ(ErrorOf(""), 53);

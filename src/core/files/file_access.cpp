@@ -46,6 +46,7 @@ std::string FolderOf(const std::string& path) {
     switch (error) {
         case ENOENT:
         case ENOTDIR:
+        case ENAMETOOLONG:
             throw CRuntimeError(KindOf(FolderOf(path)) == 1 ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
         case ENOSPC:
         case EDQUOT:
@@ -125,6 +126,7 @@ class CNeighbour {
 }  // namespace
 
 std::string ReadWholeFile(const std::string& path) {
+    if (path.find('\0') != std::string::npos) throw CRuntimeError(ErrorNumber::FileNotFound);
     // Not blocking: a pipe that bears the name must not hold the program.
     CDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.IsOpen()) RaiseFor(errno, path);

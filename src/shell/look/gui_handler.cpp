@@ -224,6 +224,14 @@ void CVDGuiHandler::HighlightButton(IControl& control) {
     if (button != nullptr && button->BorderStyle() == 0) button->SetBorderStyle(1);
 }
 
+void CVDGuiHandler::FollowPointer(IControl* control) {
+    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
+        HighlightButton(*control);
+    } else {
+        UnhighlightButton();
+    }
+}
+
 void CVDGuiHandler::UnhighlightButton(IControl* control) {
     if (highlightOff_ != 0 || form_ == nullptr) return;
     const auto unhighlight = [](IControl* one) {

@@ -31,6 +31,8 @@ class CVDGuiHandler {
 
     /// Draws the border of `control`, if it is a button, and takes it from all others.
     void HighlightButton(IControl& control);
+    /// What most forms do when the pointer moves: highlights the button under it, and no other where there is none.
+    void FollowPointer(IControl* control);
     /// Takes the border from one button, or without a control from all.
     void UnhighlightButton(IControl* control = nullptr);
     template <class Control, int Count>
