@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "core/files/platform.h"
 #include "roster/roster2.h"
+#include "support/silent_platform.h"
 #include "units/army_list.h"
 #include "units/mult_unit.h"
 #include "units/unit.h"
@@ -25,24 +25,6 @@ namespace {
 
 const std::string kFolder = (fs::temp_directory_path() / "vdtools2-bench").string();
 const std::string kListFile = kFolder + "/list.v2l";
-
-class CSilentPlatform : public IPlatform {
-  public:
-    BoxAnswer ShowBox(BoxKind, BoxButtons, const std::string&) override { return BoxAnswer::Ok; }
-    bool ShowOpen(CFileDialog&) override { return false; }
-    bool ShowSave(CFileDialog&) override { return false; }
-    bool ShowPrint(IPrintJob&) override { return false; }
-    int ShellExecute(const std::string&, const std::string&, const std::string&, const std::string&, int) override {
-        return 0;
-    }
-    std::string ApplicationFolder() const override { return kFolder; }
-    std::string ExecutableName() const override { return "bench"; }
-    std::string Title() const override { return "bench"; }
-    CAppVersion Version() const override { return {2, 2, 0}; }
-    bool PreviousInstance() override { return false; }
-    void ProcessEvents() override {}
-    void SetBusyPointer(bool) override {}
-};
 
 class CNoBrowser : public IBrowser {
   public:
@@ -203,7 +185,7 @@ void Register(const char* name, TBenchmark run) {
 
 int main(int argc, char** argv) {
     fs::create_directories(kFolder);
-    CSilentPlatform platform;
+    CSilentPlatform platform(kFolder);
     MPlatform::Install(&platform);
     Register("load/list", LoadList);
     Register("load/QSettings", LoadByQSettings);

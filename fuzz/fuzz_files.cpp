@@ -17,10 +17,10 @@
 #include <vector>
 
 #include "core/files/hide_utils.h"
-#include "core/files/platform.h"
 #include "core/files/runtime_error.h"
 #include "core/state/supp_tables.h"
 #include "equipment/army_tables.h"
+#include "support/silent_platform.h"
 #include "units/army_list.h"
 #include "units/army_roster.h"
 
@@ -32,24 +32,6 @@ namespace {
 const std::string kFolder = (fs::temp_directory_path() / "vdtools2-fuzz").string();
 const std::string kFile = kFolder + "/file";
 const std::string kOut = kFolder + "/out";
-
-class CSilentPlatform : public IPlatform {
-  public:
-    BoxAnswer ShowBox(BoxKind, BoxButtons, const std::string&) override { return BoxAnswer::Ok; }
-    bool ShowOpen(CFileDialog&) override { return false; }
-    bool ShowSave(CFileDialog&) override { return false; }
-    bool ShowPrint(IPrintJob&) override { return false; }
-    int ShellExecute(const std::string&, const std::string&, const std::string&, const std::string&, int) override {
-        return 0;
-    }
-    std::string ApplicationFolder() const override { return kFolder; }
-    std::string ExecutableName() const override { return "fuzz"; }
-    std::string Title() const override { return "fuzz"; }
-    CAppVersion Version() const override { return {2, 2, 0}; }
-    bool PreviousInstance() override { return false; }
-    void ProcessEvents() override {}
-    void SetBusyPointer(bool) override {}
-};
 
 std::string Bytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -275,7 +257,7 @@ int Hostile() {
 int main(int argc, char** argv) {
     if (argc < 2) return std::cerr << "usage: fuzz_files <seconds> [seed] | hostile\n", 2;
     fs::create_directories(kFolder);
-    CSilentPlatform platform;
+    CSilentPlatform platform(kFolder);
     MPlatform::Install(&platform);
     const std::string what = argv[1];
     const int result = what == "hostile" ? Hostile() : Mutate(std::stoi(what), argc > 2 ? std::stoull(argv[2]) : 1);
