@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/files/record.h"
+
 class CProfile;
 class CSequentialInput;
 
@@ -10,22 +12,8 @@ class CSequentialInput;
 ///
 /// A summary (`FullInfo` false) holds identification and costs only. Costs are points, doubles, never rounded. A setter
 /// of a field that enters the cost recomputes at once: error 6 where a 16-bit step or the result overflows.
-class CEquipment {
+class CEquipment : public CRecord {
   public:
-    virtual ~CEquipment() = default;
-
-    const std::string& Name() const { return name_; }
-    void SetName(const std::string& name) { name_ = name; }
-    const std::string& Descr() const { return descr_; }
-    void SetDescr(const std::string& descr) { descr_ = descr; }
-    /// Identity inside a keyed list; empty where the list isn't indexed.
-    const std::string& Key() const { return key_; }
-    void SetKey(const std::string& key) { key_ = key; }
-    bool FullInfo() const { return fullInfo_ != 0; }
-    void SetFullInfo(bool full);
-
-    std::int16_t Version() const { return version_; }
-    void SetVersion(std::int16_t version);
     /// Radius in cm, 0 for none.
     std::int16_t AreaOfEffect() const { return areaOfEffect_; }
     void SetAreaOfEffect(std::int16_t radius);
@@ -34,7 +22,6 @@ class CEquipment {
 
     double PointCost() const { return pointCost_; }
     double BaseCost() const { return baseCost_; }
-    virtual void CalculatePointCost() = 0;
 
     /// One line of what the item does, in the order players expect.
     virtual std::string SpecialPropertiesStr() const = 0;
@@ -60,17 +47,11 @@ class CEquipment {
     /// The closing pieces of SpecialPropertiesStr that both kinds share, each with its separator.
     std::string AreaAndTargetingStr() const;
 
-    std::string name_;
-    std::string descr_;
     std::string class_;
-    std::string key_;
     double pointCost_ = 0;
     double baseCost_ = 0;
     std::int16_t areaOfEffect_ = 0;
     std::int16_t targetingBonus_ = 0;
-    // The word as it was set or read: any word but 0 is true, and a file gets back what it held.
-    std::int16_t fullInfo_ = 1;
-    std::int16_t version_ = 2;
 };
 
 namespace MEquipmentRules {

@@ -1,66 +1,16 @@
 #include "units/base_unit.h"
 
-#include "core/files/file_format.h"
 #include "core/files/number_text.h"
 #include "core/files/profile.h"
-#include "core/files/sequential.h"
-
-void CBaseUnit::SetFullInfo(bool full) {
-    fullInfo_ = MFileFormat::FlagWord(full);
-}
-
-void CBaseUnit::SetVersion(std::int16_t version) {
-    version_ = version;
-    CalculatePointCost();
-}
-
-bool CBaseUnit::WriteIdentity(CProfile& profile, const std::string& section, const char* tag) const {
-    return profile.WriteProfile(section, "ENTRY", tag) &&
-           profile.WriteProfile(section, "VERSION", std::to_string(version_)) &&
-           profile.WriteProfile(section, "FULLINFO", std::to_string(fullInfo_)) &&
-           profile.WriteProfile(section, "NAME", name_) && profile.WriteProfile(section, "DESCR", descr_) &&
-           profile.WriteProfile(section, "KEY", key_);
-}
 
 bool CBaseUnit::WriteQuantityAndPoints(CProfile& profile, const std::string& section) const {
     return profile.WriteProfile(section, "QUANTITY", std::to_string(quantity_)) &&
-           profile.WriteProfile(
-               section, "POINTS",
-               MFileFormat::FormatRealField(pointCost_) + "," + MFileFormat::FormatRealField(equippedPointCost_));
-}
-
-bool CBaseUnit::ReadIdentity(CProfile& profile, const std::string& section, const char* tag) {
-    std::string text;
-    if (!profile.ReadProfile(section, "ENTRY", text) || text != tag) return false;
-    // The version of a record is checked and dropped: what is read becomes a record of this version.
-    if (profile.ReadProfile(section, "VERSION", text)) MNumberText::ToInt16(text);
-    if (!profile.ReadProfile(section, "FULLINFO", text)) return false;
-    fullInfo_ = MNumberText::ToInt16(text);
-    if (!profile.ReadProfile(section, "NAME", name_)) return false;
-    descr_.clear();
-    profile.ReadProfile(section, "DESCR", descr_);
-    key_.clear();
-    profile.ReadProfile(section, "KEY", key_);
-    return true;
+           WritePoints(profile, section, pointCost_, equippedPointCost_);
 }
 
 bool CBaseUnit::ReadQuantityAndPoints(CProfile& profile, const std::string& section) {
     std::string text;
     quantity_ = 1;
     if (profile.ReadProfile(section, "QUANTITY", text)) quantity_ = MNumberText::ToInt16(text);
-    if (!profile.ReadProfile(section, "POINTS", text)) return false;
-    const MNumberText::CCommaList points(text);
-    pointCost_ = MNumberText::ToReal(points.Item(0));
-    equippedPointCost_ = MNumberText::ToReal(points.Item(1));
-    return true;
-}
-
-std::int16_t CBaseUnit::ImportHeader(CSequentialInput& file) {
-    fullInfo_ = file.ReadInt16();
-    const std::int16_t recordVersion = file.ReadInt16();
-    file.ReadText();
-    file.ReadInt16();
-    name_ = file.ReadText();
-    descr_ = file.ReadText();
-    return recordVersion;
+    return ReadPoints(profile, section, pointCost_, equippedPointCost_);
 }

@@ -169,7 +169,7 @@ bool CMultUnit::ImportInfoV1(CSequentialInput& file, bool readTag) {
     return Trap([&] {
         units_->Clear();
         if (readTag && !file.ReadTag("#MU")) return false;
-        ImportHeader(file);
+        ImportIdentity(file);
         pointCost_ = file.ReadReal();
         equippedPointCost_ = file.ReadReal();
         const std::int32_t count = file.ReadInt32();

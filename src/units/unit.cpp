@@ -303,7 +303,7 @@ void CUnit::ImportAbilities(CSequentialInput& file, std::int16_t recordVersion) 
 bool CUnit::ImportInfoV1(CSequentialInput& file, bool readTag) {
     return Trap([&] {
         if (readTag && !file.ReadTag("#U")) return false;
-        const std::int16_t recordVersion = ImportHeader(file);
+        const std::int16_t recordVersion = ImportIdentity(file);
         type_ = file.ReadInt32();
         SetTypeDefaults();
         if (FullInfo()) {
