@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "core/state/merge.h"
+#include "equipment/army_tables.h"
 #include "roster/roster2.h"
 #include "support/silent_platform.h"
 #include "units/army_list.h"
@@ -176,6 +178,54 @@ void FindByKey(benchmark::State& state) {
     }
 }
 
+// Two documents without a common name, whose elements alternate: `which` is 0 for one, 1 for the other.
+void FillHalf(CArmyList& list, std::int64_t count, int which) {
+    for (std::int64_t i = 0; i < count; ++i)
+        list.ArmyUnits().Add(NewUnit("Unit number " + std::to_string(2 * i + which)));
+}
+
+void FillHalf(CArmyTables& tables, std::int64_t count, int which) {
+    for (std::int64_t i = 0; i < count; ++i) {
+        auto item = std::make_shared<CEqItem>();
+        item->NewItem(CEqItem::Weapon);
+        item->SetName("Weapon number " + std::to_string(2 * i + which));
+        item->AsWeapon()->SetWeaponClass("Rifle");
+        tables.ArmyWeapons().Add(item);
+    }
+}
+
+template <class TDocument>
+void LoadSecond(benchmark::State& state) {
+    TDocument written;
+    FillHalf(written, state.range(0), 1);
+    written.WriteInfo(kListFile);
+    for (auto _ : state) {
+        TDocument second;
+        if (!second.ReadInfo(kListFile)) state.SkipWithError("not loaded");
+    }
+}
+
+template <class TDocument>
+void MergeSecond(benchmark::State& state) {
+    TDocument second;
+    FillHalf(second, state.range(0), 1);
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto first = std::make_unique<TDocument>();
+        FillHalf(*first, state.range(0), 0);
+        state.ResumeTiming();
+        MMerge::Merge(*first, second);
+        state.PauseTiming();
+        first.reset();
+        state.ResumeTiming();
+    }
+}
+
+template <class TBenchmark>
+void RegisterMerge(const char* name, TBenchmark run) {
+    benchmark::RegisterBenchmark(name, run)->Arg(5000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
 template <class TBenchmark>
 void Register(const char* name, TBenchmark run) {
     benchmark::RegisterBenchmark(name, run)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -196,6 +246,10 @@ int main(int argc, char** argv) {
     Register("price", PriceUnits);
     Register("add", AddInRandomOrder);
     Register("find", FindByKey);
+    RegisterMerge("merge/load second list", LoadSecond<CArmyList>);
+    RegisterMerge("merge/list", MergeSecond<CArmyList>);
+    RegisterMerge("merge/load second tables", LoadSecond<CArmyTables>);
+    RegisterMerge("merge/tables", MergeSecond<CArmyTables>);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     fs::remove_all(kFolder);

@@ -107,11 +107,8 @@ void FArmyComposer::LayOut() {
         targetButtons->addWidget(arrow);
     }
 
-    // A frame's border starts below its upper edge, at half the height of a caption: less of a gap looks like the same
-    // one.
-    constexpr int kGapAboveFrame = 3;
     auto* work = MLayout::Grid(nullptr, MLayout::FrameGap);
-    work->setVerticalSpacing(kGapAboveFrame);
+    work->setVerticalSpacing(MLayout::GapAboveFrame);
     const auto addSide = [&](Side side, QXFrame& frame, QXChoiceList& filter, CListBox& list, QHBoxLayout* buttons) {
         auto* column = MLayout::Column(&frame);
         column->addWidget(&filter);
@@ -132,7 +129,7 @@ void FArmyComposer::LayOut() {
     addSide(Target, frmTarget, cmbArmyUnitType, lstRosterUnits, targetButtons);
     work->setRowStretch(0, 1);
 
-    auto* right = MLayout::Column(nullptr, kGapAboveFrame);
+    auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
     right->addLayout(head);
     right->addLayout(work, 1);
     auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));

@@ -11,6 +11,8 @@ namespace MLayout {
 inline constexpr int FormMargin = 14;  ///< around the content of a form
 inline constexpr int Gap = 8;          ///< between controls
 inline constexpr int FrameGap = 12;    ///< between frames, and between a frame and its content
+/// Above a frame: its border starts at half the height of its caption, so that less of a gap looks like the same one.
+inline constexpr int GapAboveFrame = 3;
 
 QVBoxLayout* Column(QWidget* parent = nullptr, int gap = Gap);
 QHBoxLayout* Row(QWidget* parent = nullptr, int gap = Gap);

@@ -138,25 +138,41 @@ QString DefaultSuffix(const std::string& extension) {
 
 class CDialog : public QFileDialog {
   public:
-    CDialog(QWidget* owner, bool pathMustExist) : QFileDialog(owner), pathMustExist_(pathMustExist) {}
+    CDialog(QWidget* owner, std::uint32_t flags, bool save)
+        : QFileDialog(owner),
+          pathMustExist_((flags & CFileDialog::PathMustExist) != 0),
+          fileMustExist_((flags & CFileDialog::FileMustExist) != 0) {
+        setOption(DontUseNativeDialog);
+        setOption(DontConfirmOverwrite, !save || !(flags & CFileDialog::OverwritePrompt));
+        setAcceptMode(save ? AcceptSave : AcceptOpen);
+        // The mode for existing files would leave out the question about overwriting.
+        setFileMode(fileMustExist_ && !save ? ExistingFile : AnyFile);
+    }
 
     QLineEdit* NameField() { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
 
   protected:
     void accept() override {
-        const QStringList files = selectedFiles();
-        if (pathMustExist_ && !files.isEmpty() && !QFileInfo(files.first()).dir().exists()) {
-            QMessageBox box(QMessageBox::Warning, windowTitle(), QString(), QMessageBox::Ok, this);
-            box.setTextFormat(Qt::PlainText);
-            box.setText(files.first() + QStringLiteral("\nPath does not exist.\nCheck the path and try again."));
-            box.exec();
-            return;
+        const QFileInfo file(selectedFiles().value(0));
+        if (pathMustExist_ && !file.dir().exists()) {
+            Refuse(file, "Path does not exist.\nCheck the path and try again.");
+        } else if (fileMustExist_ && acceptMode() == AcceptSave && !file.exists()) {
+            Refuse(file, "File not found.\nCheck the file name and try again.");
+        } else {
+            QFileDialog::accept();
         }
-        QFileDialog::accept();
     }
 
   private:
+    void Refuse(const QFileInfo& file, const char* reason) {
+        QMessageBox box(QMessageBox::Warning, windowTitle(), QString(), QMessageBox::Ok, this);
+        box.setTextFormat(Qt::PlainText);
+        box.setText(file.filePath() + u'\n' + QLatin1String(reason));
+        box.exec();
+    }
+
     bool pathMustExist_;
+    bool fileMustExist_;
 };
 
 // The nearest folder that is there, from `path` upwards.
@@ -216,12 +232,7 @@ bool CQtPlatform::ShowSave(CFileDialog& dialog) {
 bool CQtPlatform::ShowFileDialog(CFileDialog& dialog, bool save) {
     const bool wasBusy = busy_;
     SetBusyPointer(false);
-    CDialog window(Owner(), (dialog.Flags & CFileDialog::PathMustExist) != 0);
-    const bool mustExist = !save && (dialog.Flags & CFileDialog::FileMustExist) != 0;
-    window.setOption(QFileDialog::DontUseNativeDialog);
-    window.setOption(QFileDialog::DontConfirmOverwrite, !save || !(dialog.Flags & CFileDialog::OverwritePrompt));
-    window.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    window.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    CDialog window(Owner(), dialog.Flags, save);
     const QString title = ForDisplay(FromUtf8(dialog.DialogTitle));
     window.setWindowTitle(!title.isEmpty() ? title : QString::fromLatin1(save ? "Save As" : "Open"));
     window.setNameFilters(NameFilters(dialog.Filter));

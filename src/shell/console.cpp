@@ -11,6 +11,7 @@
 #include "core/files/platform.h"
 #include "core/state/global.h"
 #include "shell/about.h"
+#include "shell/setup.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ struct FConsole::SCommand {
 
 const std::array<FConsole::SCommand, FConsole::CommandCount> FConsole::Commands = {{
     {&FConsole::cmdFiles, &FConsole::frmSetup, "Files", "Setup", "mnuSetup", "Files", "Set up your working files",
-     nullptr},
+     &FConsole::Open<FSetup>},
     {&FConsole::cmdArmyComposer, &FConsole::frmComposers, "Army Roster", "Composers", "mnuArmyComposer",
      "Army Composer", "Compose your army", &FConsole::Open<FArmyComposer>},
     {&FConsole::cmdArmyList, &FConsole::frmComposers, "Army List", "Composers", "mnuArmyList", "Army List",

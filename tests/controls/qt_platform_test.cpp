@@ -143,6 +143,23 @@ TEST(QtPlatform, FileDialogTakesItsSettings) {
     }
 }
 
+TEST(QtPlatform, SaveDialogCanDemandAnExistingFile) {
+    const QTemporaryDir folder;
+    CQtPlatform platform;
+    CFileDialog dialog;
+    dialog.InitDir = folder.path().toStdString();
+    dialog.FileName = "new.v2l";
+    dialog.Flags = CFileDialog::OverwritePrompt | CFileDialog::FileMustExist;
+    bool told = false;
+    WhileUp<QFileDialog>([&](QFileDialog& window) {
+        WhileUp<QMessageBox>([&](QMessageBox& box) { told = box.text().contains(QStringLiteral("File not found")); });
+        QMetaObject::invokeMethod(&window, "accept");
+        EXPECT_TRUE(window.isVisible());
+    });
+    EXPECT_FALSE(platform.ShowSave(dialog));
+    EXPECT_TRUE(told);
+}
+
 TEST(QtPlatform, PrintsAfterTheDialogWasAcceptedAlone) {
     struct CJob : CPrintJob {
         void Print(QPrinter& /*printer*/) override { ++printed; }

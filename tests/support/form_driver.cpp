@@ -110,7 +110,10 @@ void Choose(CForm& form, const QString& listName, int index) {
 
 void Hover(CForm& form, const QString& objectName) {
     QWidget* widget = objectName.isEmpty() ? &form : Target(form, objectName);
-    const QPointF place = objectName.isEmpty() ? QPointF(1, 1) : QPointF(widget->rect().center());
+    // Where the middle is a child's, as in a frame, the corner is the control's own.
+    const QPoint middle = widget->rect().center();
+    const bool corner = objectName.isEmpty() || widget->childAt(middle) != nullptr;
+    const QPointF place = corner ? QPointF(1, 1) : QPointF(middle);
     QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &move);
 }

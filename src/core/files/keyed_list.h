@@ -32,6 +32,10 @@ class CKeyedList {
     bool Exists(std::int32_t position) const { return items_.Exists(position); }
     bool Exists(std::string_view key) const { return items_.Exists(key); }
 
+    /// The element itself, to be held or filed elsewhere too.
+    const ItemPtr& Share(std::int32_t position) const { return items_.Item(position); }
+    const ItemPtr& Share(std::string_view key) const { return items_.Item(key); }
+
     // A wrapper handed out for change may be renamed, so the order counts as unknown from then on.
     TItem& Item(std::int32_t position) { return inOrder_ = false, *items_.Item(position); }
     TItem& Item(std::string_view key) { return inOrder_ = false, *items_.Item(key); }

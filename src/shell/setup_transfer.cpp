@@ -1,0 +1,82 @@
+// The operations of the setup form that change a working document from another source.
+
+#include <QScopeGuard>
+
+#include "core/files/ansi_text.h"
+#include "core/state/merge.h"
+#include "equipment/army_tables.h"
+#include "shell/setup_groups.h"
+#include "units/army_list.h"
+
+namespace {
+
+constexpr const char* kNotInTables = "It was not possible to find the following items in the Army Tables:";
+
+// Each entry of `list` begins with a line end, so that it stands on a line of its own.
+void WarnOfMissing(const char* heading, const std::string& list) {
+    if (!list.empty()) MPlatform::ShowWarning(heading + MAnsiText::ToUtf8(list));
+}
+
+}  // namespace
+
+void FSetup::Import(const SGroup& group) {
+    QXColorButton& button = Button(group, OpImport);
+    CFileDialog& sourceDialog = this->*group.importDialog;
+    CFileDialog& targetDialog = this->*group.dialog;
+    setEnabled(false);
+    button.SetEnabled(false);
+    const auto atTheEnd = qScopeGuard([&] {
+        setEnabled(true);
+        button.SetEnabled(true);
+        sourceDialog.DialogTitle.clear();
+        (this->*group.untitledDialog).DialogTitle.clear();
+    });
+
+    sourceDialog.DialogTitle = "Select the file to import";
+    if (!MPlatform::Current().ShowOpen(sourceDialog)) return;
+    targetDialog.DialogTitle = "Select V2 target file name:";
+    if (!MPlatform::Current().ShowSave(targetDialog)) return;
+    const std::string target = targetDialog.FileName;
+
+    if (!group.document().ImportInfoV1(sourceDialog.FileName)) MPlatform::ShowWarning(group.importReadFailure);
+    if (group.syncAfterImport != nullptr) WarnOfMissing(kNotInTables, group.syncAfterImport());
+    group.setPath(target);
+    (this->*group.field).SetText(target);
+    if (group.document().WriteInfo(target)) {
+        MPlatform::ShowInformation("Import complete");
+    } else {
+        MPlatform::ShowWarning(group.importSaveFailure);
+    }
+}
+
+void FSetup::UpdateCosts(const SGroup& group) {
+    WarnOfMissing(group.updateHeading, group.updateCosts());
+    if (MPlatform::Ask("Recalculation Complete. Save changes to file?")) Save(group);
+}
+
+void FSetup::Merge(const SGroup& group) {
+    if (group.index == MGlobal::EquipmentDocument) {
+        MergeInto(MGlobal::ArmyTables(), group);
+    } else {
+        MergeInto(MGlobal::ArmyList(), group);
+    }
+}
+
+template <class TDocument>
+void FSetup::MergeInto(TDocument& document, const SGroup& group) {
+    CFileDialog& dialog = this->*group.dialog;
+    dialog.Flags = CFileDialog::OverwritePrompt | CFileDialog::FileMustExist;
+    if (!MPlatform::Current().ShowOpen(dialog)) return;
+    if (dialog.FileName == (this->*group.field).Text()) {
+        MPlatform::ShowWarning("You cannot merge data from the current file, choose a different file.");
+        return;
+    }
+    TDocument source;
+    if (!source.ReadInfo(dialog.FileName)) MPlatform::ShowWarning(group.readFailure);
+    {
+        // After an error too: what was taken in up to there is to be offered for saving.
+        const auto modified = qScopeGuard([&] { MGlobal::SetFileModified(group.index, true); });
+        MMerge::Merge(document, source);
+    }
+    MPlatform::ShowInformation("Merge terminated");
+}
