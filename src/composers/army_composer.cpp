@@ -47,7 +47,6 @@ FArmyComposer::FArmyComposer() : CForm("FArmyComposer") {
     Menu.SetCommand(3, "View Roster", [this] { cmdViewList_Click(); });
     Menu.SetCommand(4, "Unused");
     Menu.SetCommand(kCommandSave, "Save Changes", [this] { cmdSaveChanges_Click(); });
-    Menu.OnExit([this] { Unload(); });
 
     tedName.OnChange([this] { tedName_Change(); });
     tedDescr.OnChange([this] { tedDescr_Change(); });
@@ -269,14 +268,14 @@ void FArmyComposer::cmdRemoveUnit_Click() {
 }
 
 void FArmyComposer::cmdUnitMoveUp_Click() {
+    if (!lstRosterUnits.CanMoveUp()) return;
     const int row = lstRosterUnits.ListIndex();
-    if (!CUnitButtons::CanMoveUp(row, lstRosterUnits.ListCount())) return;
     MoveRow(row, WorkItem->ArmyUnits().ShiftObjUp(row + 1));
 }
 
 void FArmyComposer::cmdUnitMoveDown_Click() {
+    if (!lstRosterUnits.CanMoveDown()) return;
     const int row = lstRosterUnits.ListIndex();
-    if (!CUnitButtons::CanMoveDown(row, lstRosterUnits.ListCount())) return;
     MoveRow(row, WorkItem->ArmyUnits().ShiftObjDown(row + 1));
 }
 

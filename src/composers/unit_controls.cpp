@@ -43,18 +43,14 @@ CUnitButtons::CUnitButtons(CForm* form)
 }
 
 void CUnitButtons::ShowArrows() {
-    const auto show = [](QXColorButton& button, const char* arrow) {
-        button.SetFontName("Wingdings");
-        button.SetCaption(arrow);
-    };
-    show(cmdUnitMoveUp, "\xE9");
-    show(cmdUnitMoveDown, "\xEA");
+    cmdUnitMoveUp.SetArrow("\xE9");
+    cmdUnitMoveDown.SetArrow("\xEA");
 }
 
-void CUnitButtons::Enable(bool sourceSelected, int targetRow, int targetRows) {
-    cmdRemoveUnit.SetEnabled(targetRow >= 0);
-    cmdUnitMoveDown.SetEnabled(CanMoveDown(targetRow, targetRows));
-    cmdUnitMoveUp.SetEnabled(CanMoveUp(targetRow, targetRows));
+void CUnitButtons::Enable(bool sourceSelected, bool targetSelected, bool canMoveUp, bool canMoveDown) {
+    cmdRemoveUnit.SetEnabled(targetSelected);
+    cmdUnitMoveDown.SetEnabled(canMoveDown);
+    cmdUnitMoveUp.SetEnabled(canMoveUp);
     cmdAddUnit.SetEnabled(sourceSelected);
     cmdShowSelUnit.SetEnabled(sourceSelected);
 }

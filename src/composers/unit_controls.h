@@ -28,11 +28,8 @@ class CUnitButtons {
     /// Enables each button as the selections allow. `TTarget` is a list box or an edit list.
     template <class TTarget>
     void Update(const CListBox& source, const TTarget& target) {
-        Enable(source.ListIndex() >= 0, target.ListIndex(), target.ListCount());
+        Enable(source.ListIndex() >= 0, target.ListIndex() >= 0, target.CanMoveUp(), target.CanMoveDown());
     }
-
-    static bool CanMoveUp(int row, int rows) { return row >= 1 && row < rows; }
-    static bool CanMoveDown(int row, int rows) { return row >= 0 && row < rows - 1; }
 
     QXColorButton cmdAddUnit;
     QXColorButton cmdShowSelUnit;
@@ -41,5 +38,5 @@ class CUnitButtons {
     QXColorButton cmdUnitMoveDown;
 
   private:
-    void Enable(bool sourceSelected, int targetRow, int targetRows);
+    void Enable(bool sourceSelected, bool targetSelected, bool canMoveUp, bool canMoveDown);
 };

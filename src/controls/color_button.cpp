@@ -37,6 +37,11 @@ void QXColorButton::SetCaption(std::string_view caption) {
     update();
 }
 
+void QXColorButton::SetArrow(std::string_view character) {
+    SetFontName("Wingdings");
+    SetCaption(character);
+}
+
 void QXColorButton::SetValue(bool on) {
     setChecked(on);
 }

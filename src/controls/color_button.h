@@ -19,6 +19,8 @@ class QXColorButton : public CControl<QAbstractButton> {
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
+    /// Shows an arrow: a character of the font that has them. After the skin, which sets all fonts.
+    void SetArrow(std::string_view character);
     ButtonStyle Style() const { return style_; }
     const std::string& ControlGroup() const { return controlGroup_; }
     void SetControlGroup(std::string_view group) { controlGroup_ = group; }

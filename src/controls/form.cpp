@@ -190,6 +190,13 @@ bool CForm::Unload() {
     return proceed;
 }
 
+bool CForm::WaitForClosing() {
+    inert_ = true;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    inert_ = false;
+    return loaded_;
+}
+
 void CForm::Handle(const std::function<void()>& handler) {
     if (!inert_) Enter(handler);
 }

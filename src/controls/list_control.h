@@ -32,6 +32,10 @@ class CListControl : public CControl<Base> {
             row, row.isValid() ? kSelect : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear));
     }
 
+    /// Whether the selected row has one above it, or below.
+    bool CanMoveUp() const { return ListIndex() >= 1; }
+    bool CanMoveDown() const { return ListIndex() >= 0 && ListIndex() < ListCount() - 1; }
+
     Colour SelectedColor() const { return selectedColor_; }
     void SetSelectedColor(Colour colour) { this->Change(selectedColor_, colour); }
     Colour SelectedForeColor() const { return selectedForeColor_; }

@@ -10,6 +10,8 @@
 #include "controls/layout.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
+#include "makers/accessory_maker.h"
+#include "makers/weapon_maker.h"
 #include "shell/about.h"
 #include "shell/setup.h"
 
@@ -46,9 +48,9 @@ const std::array<FConsole::SCommand, FConsole::CommandCount> FConsole::Commands 
     {&FConsole::cmdUnitMaker, &FConsole::frmMakers, "Unit Maker", "Makers", "mnuUnitMaker", "Unit Maker",
      "Create or modify the basic units", nullptr},
     {&FConsole::cmdWeaponMaker, &FConsole::frmMakers, "Weapon Maker", "Makers", "mnuWeaponMaker", "Weapon Maker",
-     "Create or modify weapons", nullptr},
+     "Create or modify weapons", &FConsole::Open<FWeaponMaker>},
     {&FConsole::cmdAccessoryMaker, &FConsole::frmMakers, "Accessory Maker", "Makers", "mnuAccessoryMaker",
-     "Accessory Maker", "Create or modify basic items of equipment", nullptr},
+     "Accessory Maker", "Create or modify basic items of equipment", &FConsole::Open<FAccessoryMaker>},
     {&FConsole::cmdAbout, nullptr, "About", "Help", "mnuAbout", "About", "Show application information",
      &FConsole::Open<FAbout>},
     {&FConsole::cmdQuit, nullptr, "Quit", "Setup", "mnuExit", "Exit", "Quit the application", &FConsole::mnuExit_Click},

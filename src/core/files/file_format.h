@@ -29,6 +29,9 @@ bool ReadFileVersionV1(CSequentialInput& file, std::int16_t& major, std::int16_t
 /// digits (7 for a single), `1.5E-05` below 0.0001 and from 1E+15 (single: 1E+07) on.
 std::string FormatRealField(double value);
 std::string FormatRealField(float value);
+inline std::string FormatRealField(std::int32_t value) {
+    return std::to_string(value);
+}
 
 /// Name of an element's section: that of its list, an underscore and the position from 1.
 std::string ElementSection(const std::string& list, std::int32_t position);

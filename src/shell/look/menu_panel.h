@@ -9,7 +9,8 @@
 #include "controls/picture_box.h"
 #include "shell/look/gui_handler.h"
 
-/// The panel at the left of a maker or composer: top picture, six commands one under the other, bottom picture, Close.
+/// The panel at the left of a maker or composer: top picture, six commands one under the other, bottom picture, and a
+/// button that closes the form as its X does, also while the form is inert.
 /// The controls register with the form under their own names. Put `frmMenu` into the form's layout.
 class CMenuPanel {
   public:
@@ -19,7 +20,6 @@ class CMenuPanel {
 
     /// Caption and routine of a command. A command without a routine isn't shown, so that no click goes nowhere.
     void SetCommand(int index, std::string_view caption, std::function<void()> routine = {});
-    void OnExit(std::function<void()> routine) { cmdExit.OnClick(std::move(routine)); }
     /// Takes the pictures of the skin that has been applied.
     void ShowPictures(CVDGuiHandler& handler);
 

@@ -1,0 +1,286 @@
+#include "makers/maker.h"
+
+#include "controls/layout.h"
+#include "core/files/ansi_text.h"
+#include "core/files/platform.h"
+#include "roster/viewers/army_roster.h"
+
+namespace {
+
+constexpr int kDescrLength = 100;
+constexpr int kCostWidth = 170;
+
+// Positions count from 1; 0 is a record that isn't in the list. The walk is circular.
+std::int32_t Next(std::int32_t position, std::int32_t count) {
+    if (position == 0 || position == count) return count >= 1 ? 1 : position;
+    return position + 1;
+}
+
+std::int32_t Previous(std::int32_t position, std::int32_t count) {
+    if (position == 0) return count >= 1 ? count : position;
+    return position == 1 ? count : position - 1;
+}
+
+// For a box: names are text of the model.
+std::string Quoted(std::string_view name) {
+    return '"' + MAnsiText::ToUtf8(name) + '"';
+}
+
+}  // namespace
+
+void CValidation::Require(bool holds, const char* warning) {
+    if (holds) return;
+    valid_ = false;
+    if (messages_) MPlatform::ShowWarning(warning);
+}
+
+FMaker::FMaker(const SMakerTerms& terms) : CForm(terms.formName), terms_(terms) {
+    SetCaption(terms.caption);
+    lblName.SetCaption("Name:");
+    lblDescr.SetCaption("Description:");
+    frmPointCost.SetCaption("Point Cost");
+    tedName.SetAutoSelect(true);
+    tedDescr.SetAutoSelect(true);
+    tedPointCost.SetDataType(2);
+    tedPointCost.SetLocked(true);
+    tedPointCost.SetAlignment(Qt::AlignCenter);
+
+    Menu.SetCommand(New, "New", [this] { cmdNew_Click(); });
+    Menu.SetCommand(AddToDb, "Add to/Update List", [this] { cmdAddToDb_Click(); });
+    Menu.SetCommand(Modify, "Modify Existing", [this] { cmdModify_Click(); });
+    Menu.SetCommand(ViewList, "View List", [this] { cmdViewList_Click(); });
+    Menu.SetCommand(Delete, "Delete from List", [this] { cmdDelete_Click(); });
+    Menu.SetCommand(SaveChanges, "Save Changes", [this] { cmdSaveChanges_Click(); });
+
+    tedName.OnChange([this] { tedName_Change(); });
+    tedDescr.OnChange([this] { tedDescr_Change(); });
+    cmdPrev.OnClick([this] { Walk(Previous); });
+    cmdNext.OnClick([this] { Walk(Next); });
+
+    LayOut();
+}
+
+void FMaker::LayOut() {
+    fields_ = MLayout::Grid();
+    fields_->setColumnStretch(1, 1);
+    AddField(lblName, tedName);
+    AddField(lblDescr, tedDescr);
+
+    auto* cost = MLayout::Column(&frmPointCost);
+    cost->addStretch(1);
+    cost->addWidget(&tedPointCost);
+    cost->addStretch(1);
+    frmPointCost.setFixedWidth(kCostWidth);
+    head_ = MLayout::Row(nullptr, MLayout::FrameGap);
+    head_->addLayout(fields_, 1);
+    head_->addWidget(&frmPointCost);
+
+    auto* walk = MLayout::Row();
+    walk->addStretch(1);
+    for (QXColorButton* arrow : {&cmdPrev, &cmdNext}) {
+        arrow->setFixedWidth(64);
+        walk->addWidget(arrow);
+    }
+
+    work_ = MLayout::Column(nullptr, MLayout::GapAboveFrame);
+    auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
+    right->addLayout(head_);
+    right->addSpacing(MLayout::Gap);
+    right->addLayout(work_, 1);
+    right->addSpacing(MLayout::Gap);
+    right->addLayout(walk);
+    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
+    form->addWidget(&Menu.frmMenu);
+    form->addLayout(right, 1);
+}
+
+void FMaker::AddField(QXLabel& label, QWidget& field) {
+    const int row = fields_->rowCount();
+    fields_->addWidget(&label, row, 0);
+    fields_->addWidget(&field, row, 1);
+}
+
+void FMaker::AddToHead(QXFrame& frame) {
+    frame.setFixedWidth(kCostWidth);
+    head_->insertWidget(head_->count() - 1, &frame);
+}
+
+void FMaker::Form_Load() {
+    GuiHandler = std::make_unique<CVDGuiHandler>();
+    GuiHandler->SetSkin(*this, MGlobal::SkinId());
+    Menu.ShowPictures(*GuiHandler);
+    cmdPrev.SetArrow("\xE7");
+    cmdNext.SetArrow("\xE8");
+    tedName.SetMaxLength(terms_.nameLength);
+    tedDescr.SetMaxLength(kDescrLength);
+    LoadItem();
+    EditState = Unchanged;
+}
+
+void FMaker::Form_Activate() {
+    Menu.cmdMenu[SaveChanges].SetEnabled(!DocumentFile().empty());
+}
+
+// An item that can't be stored holds the closing up, unless it has no name: then it is thrown away without a word.
+bool FMaker::QueryUnload() {
+    if (EditState == Edited) {
+        if (ValidateItem(false)) {
+            cmdAddToDb_Click();
+        } else if (!Item().Name().empty() && !WarnNotStored(terms_.notStoredAtClosing)) {
+            return false;
+        }
+    }
+    if (EditState != Unchanged) MGlobal::SetFileModified(terms_.document, true);
+    EditState = Unchanged;
+    return true;
+}
+
+void FMaker::ClosingFailed() {
+    MGlobal::SetFileModified(terms_.document, true);
+}
+
+void FMaker::StoreIfEdited() {
+    if (EditState != Edited) return;
+    if (ValidateItem(false)) {
+        cmdAddToDb_Click();
+    } else if (!Item().Name().empty() && !WarnNotStored(terms_.notStored)) {
+        ShowItem();
+    }
+}
+
+bool FMaker::WarnNotStored(const char* text) const {
+    return MPlatform::Current().ShowBox(BoxKind::Warning, BoxButtons::OkCancel, text) == BoxAnswer::Ok;
+}
+
+std::string FMaker::Failure(std::string_view attempt, std::string_view name, std::string_view where) const {
+    return "Error while trying to " + std::string(attempt) + " " + Quoted(name) + " " + std::string(where) + ": " +
+           MAnsiText::ToUtf8(MGlobal::LastErrorText());
+}
+
+void FMaker::tedName_Change() {
+    Item().SetName(tedName.Text());
+    if (!Loading) EditState = Edited;
+}
+
+void FMaker::tedDescr_Change() {
+    Item().SetDescr(tedDescr.Text());
+    if (!Loading) EditState = Edited;
+}
+
+void FMaker::cmdAddToDb_Click() {
+    std::string newName;
+    const bool done = Trap([&] {
+        if (!ValidateItem(true)) return true;
+        newName = MAnsiText::UpperCase(Item().Name());
+        Store(newName);
+        return true;
+    });
+    if (!done) MPlatform::ShowWarning(Failure("add", newName, "to the list"));
+}
+
+// The questions show names in upper case, as the keys are.
+void FMaker::Store(const std::string& newName) {
+    const std::string oldName = MAnsiText::UpperCase(SourceName);
+    const bool taken = IsStored(newName);
+    const auto askAdd = [&] { return MPlatform::Ask("Add " + Quoted(newName) + " to the list?"); };
+    const auto askReplace = [&](const char* verb) {
+        return MPlatform::Ask(Quoted(newName) + " already exists in the list,\r\ndo you wish to " + verb + " it?");
+    };
+
+    bool proceed = false;
+    bool renamed = false;
+    if (newName == oldName || oldName.empty()) {
+        proceed = taken ? askReplace("update") : askAdd();
+    } else {
+        renamed = MPlatform::Ask("Rename " + Quoted(oldName) + " as " + Quoted(newName) + "?");
+        if (taken) {
+            proceed = askReplace("overwrite");
+        } else {
+            proceed = renamed || askAdd();
+        }
+    }
+    if (!proceed) return;
+
+    if (taken) RemoveStored(newName);
+    if (renamed) RemoveStored(oldName);
+    // A refusal of the list is told, and then taken for a success: the item stays on the form.
+    if (!StoreCopy()) MPlatform::ShowWarning(Failure("add", Item().Name(), "to the list"));
+    SourceName = Item().Name();
+    EditState = ListChanged;
+}
+
+// The selection becomes the source whatever the answer was: after Cancel the item may be linked to another record.
+void FMaker::cmdModify_Click() {
+    FSelector selector;
+    const bool done = Trap([&] {
+        StoreIfEdited();
+        selector.SetPrompt(terms_.modifyPrompt);
+        if (ShowSelector(selector)) TakeStored(selector.Selection());
+        SourceName = selector.Selection();
+        ShowModified();
+        return true;
+    });
+    if (!done) {
+        MPlatform::ShowPlain(Failure(std::string("select ") + terms_.word, selector.Selection(), "from the database"));
+        ShowItem();
+    }
+    selector.Unload();
+    if (done && EditState == Edited) EditState = Unchanged;
+}
+
+void FMaker::cmdViewList_Click() {
+    StoreIfEdited();
+    FArmyRoster viewer;
+    ShowList(viewer);
+    viewer.ShowModal(this);
+}
+
+void FMaker::cmdDelete_Click() {
+    FSelector selector;
+    selector.SetPrompt(terms_.deletePrompt);
+    selector.SetOKCaption("Delete Item");
+    selector.SetCancelCaption("Close");
+    const bool done = Trap([&] {
+        while (ShowSelector(selector)) {
+            RemoveStored(selector.Selection());
+            if (SourceName == selector.Selection()) EditState = Edited;
+        }
+        return true;
+    });
+    if (!done) {
+        MPlatform::ShowPlain(Failure(std::string("delete ") + terms_.word, selector.Selection(), "from the database"));
+    }
+    selector.Unload();
+    if (EditState == Unchanged) EditState = ListChanged;
+}
+
+void FMaker::cmdSaveChanges_Click() {
+    StoreIfEdited();
+    if (WriteDocument()) {
+        EditState = Unchanged;
+    } else {
+        MPlatform::ShowWarning(terms_.writeFailure);
+    }
+}
+
+// Has no end in a list whose records are all passed over: after each round in vain the window takes the events that
+// have come, so that it can be closed.
+void FMaker::Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count)) {
+    StoreIfEdited();
+    std::int32_t position = StoredPosition(MAnsiText::UpperCase(SourceName.empty() ? Item().Name() : SourceName));
+    std::int32_t passed = 0;
+    do {
+        if (passed > StoredCount()) {
+            if (!WaitForClosing()) return;
+            passed = 0;
+        }
+        position = next(position, StoredCount());
+        if (position < 1) return;
+        ++passed;
+    } while (WalkSkips(position));
+
+    TakeStored(position);
+    SourceName = Item().Key();
+    ShowWalked();
+    if (EditState == Edited) EditState = Unchanged;
+}
