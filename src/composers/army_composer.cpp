@@ -5,33 +5,35 @@
 
 #include "composers/unit_info.h"
 #include "controls/layout.h"
-#include "core/files/ansi_text.h"
 #include "core/files/file_format.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
 #include "roster/viewers/army_roster.h"
-#include "roster/viewers/unit_viewer.h"
 #include "units/army_list.h"
 #include "units/army_roster.h"
 
 namespace {
 
-constexpr int kCommandSave = 5;
+constexpr SArmyDocumentTerms kTerms = {
+    .formName = "FArmyComposer",
+    .caption = "Army Composer",
+    .pictureTip = "The image will be shown full size on the army roster viewer",
+    .viewCaption = "View Roster",
+    .index = MGlobal::ArmyRosterDocument,
+    .file = &MGlobal::ArmyRosterFile,
+    .updateCosts = &MGlobal::SyncRosterWithArmyList,
+    .missingHeading = "It was not possible to find the following units in the Army List:",
+    .reloadQuestion = "Are you sure you want to reload the Army Roster? All changes since the last save will be lost!",
+    .readFailure = "Error while reading army roster.",
+};
 
 const CUnitList& ListedUnits() {
     return MGlobal::ArmyList().ArmyUnits();
 }
 
-void SetRosterModified(bool modified) {
-    MGlobal::SetFileModified(MGlobal::ArmyRosterDocument, modified);
-}
-
 }  // namespace
 
-FArmyComposer::FArmyComposer() : CForm("FArmyComposer") {
-    SetCaption("Army Composer");
-    lblName.SetCaption("Name:");
-    lblDescr.SetCaption("Description:");
+FArmyComposer::FArmyComposer() : FArmyDocumentForm(kTerms) {
     frmPointCost.SetCaption("Point Cost");
     frmSource.SetCaption("Units in Army List");
     frmTarget.SetCaption("Units in Army");
@@ -41,16 +43,6 @@ FArmyComposer::FArmyComposer() : CForm("FArmyComposer") {
     OfferUnitFilters(cmbUnitType);
     OfferUnitFilters(cmbArmyUnitType);
 
-    Menu.SetCommand(0, "Delete All Units", [this] { cmdDeleteAll_Click(); });
-    Menu.SetCommand(1, "Update Costs", [this] { cmdUpdateCosts_Click(); });
-    Menu.SetCommand(2, "Reload", [this] { cmdReload_Click(); });
-    Menu.SetCommand(3, "View Roster", [this] { cmdViewList_Click(); });
-    Menu.SetCommand(4, "Unused");
-    Menu.SetCommand(kCommandSave, "Save Changes", [this] { cmdSaveChanges_Click(); });
-
-    tedName.OnChange([this] { tedName_Change(); });
-    tedDescr.OnChange([this] { tedDescr_Change(); });
-    Picture.OnEdited([this] { Edited(); });
     cmbUnitType.OnChange([this] { cmbUnitType_Change(); });
     cmbArmyUnitType.OnChange([this] { cmbArmyUnitType_Change(); });
     lstUnits.OnClick([this] { lstUnits_Click(); });
@@ -67,24 +59,6 @@ FArmyComposer::FArmyComposer() : CForm("FArmyComposer") {
 }
 
 void FArmyComposer::LayOut() {
-    auto* fields = MLayout::Grid();
-    fields->addWidget(&lblName, 0, 0);
-    fields->addWidget(&tedName, 0, 1, 1, 3);
-    fields->addWidget(&lblDescr, 1, 0);
-    fields->addWidget(&tedDescr, 1, 1, 1, 3);
-    fields->addWidget(&Picture.lblPictureFile, 2, 0);
-    fields->addWidget(&Picture.tedPictureFile, 2, 1);
-    fields->addWidget(&Picture.cmdPictureFileSelect, 2, 2);
-    fields->addWidget(&Picture.cmdPictureFileClear, 2, 3);
-    fields->addWidget(&Picture.lblPictureTip, 3, 1, 1, 3);
-    fields->addWidget(&Picture.imgPicture, 0, 4, 3, 1);
-    fields->setColumnStretch(1, 1);
-    Picture.tedPictureFile.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);  // as high as its buttons
-    // The rows below stay where they are when the tip comes and goes.
-    QSizePolicy tipPolicy = Picture.lblPictureTip.sizePolicy();
-    tipPolicy.setRetainSizeWhenHidden(true);
-    Picture.lblPictureTip.setSizePolicy(tipPolicy);
-
     auto* cost = MLayout::Column(&frmPointCost);
     cost->addStretch(1);
     cost->addWidget(&tedPointCost);
@@ -92,7 +66,7 @@ void FArmyComposer::LayOut() {
     frmPointCost.setFixedWidth(150);
 
     auto* head = MLayout::Row(nullptr, MLayout::FrameGap);
-    head->addLayout(fields, 1);
+    head->addLayout(LayOutFields(), 1);
     head->addWidget(&frmPointCost);
 
     auto* sourceButtons = MLayout::Row();
@@ -138,17 +112,11 @@ void FArmyComposer::LayOut() {
 }
 
 void FArmyComposer::Form_Load() {
-    GuiHandler = std::make_unique<CVDGuiHandler>();
-    GuiHandler->SetSkin(*this, MGlobal::SkinId());
-    Menu.ShowPictures(*GuiHandler);
+    WorkItem = &MGlobal::ArmyRoster();
+    FArmyDocumentForm::Form_Load();
     Buttons.ShowArrows();
-    tedName.SetMaxLength(50);
-    tedDescr.SetMaxLength(100);
     lblSpecialDescr[Source].SetFontSize(10);
     lblSpecialDescr[Target].SetFontSize(10);
-
-    WorkItem = &MGlobal::ArmyRoster();
-    Picture.Load(*WorkItem);
     UnitFilter = 0;
     RosterFilter = 0;
     ListSourceUnits();
@@ -156,30 +124,14 @@ void FArmyComposer::Form_Load() {
     EditState = 0;
 }
 
-void FArmyComposer::Form_Activate() {
-    Menu.cmdMenu[kCommandSave].SetEnabled(!MGlobal::ArmyRosterFile().empty());
-}
-
-bool FArmyComposer::QueryUnload() {
-    if (EditState != 0) SetRosterModified(true);
-    EditState = 0;
-    return true;
-}
-
-void FArmyComposer::ClosingFailed() {
-    SetRosterModified(true);
-}
-
-void FArmyComposer::MouseMove(IControl* control) {
-    GuiHandler->FollowPointer(control);
+CArmyDocument& FArmyComposer::Document() const {
+    return *WorkItem;
 }
 
 void FArmyComposer::ShowItem() {
     const QScopedValueRollback loading(Loading, true);
-    tedName.SetText(WorkItem->Name());
-    tedDescr.SetText(WorkItem->Descr());
+    ShowFields();
     tedPointCost.SetText(MFileFormat::FormatRealField(WorkItem->PointCost()));
-    Picture.ShowItem();
     ListRosterUnits();
     UpdateCaption();
 }
@@ -200,23 +152,14 @@ void FArmyComposer::ListRosterUnits() {
     UpdateUnitButtons();
 }
 
-void FArmyComposer::Edited() {
-    if (!Loading) EditState = 1;
-}
-
-void FArmyComposer::RosterChanged(std::int16_t editState) {
-    SetRosterModified(true);
+void FArmyComposer::ContentChanged(std::int16_t editState) {
+    SetModified(true);
     EditState = editState;
 }
 
-void FArmyComposer::tedName_Change() {
-    WorkItem->SetName(tedName.Text());
-    Edited();
-}
-
-void FArmyComposer::tedDescr_Change() {
-    WorkItem->SetDescr(tedDescr.Text());
-    Edited();
+void FArmyComposer::Reloaded() {
+    EditState = 0;
+    SetModified(false);
 }
 
 void FArmyComposer::cmbUnitType_Change() {
@@ -246,23 +189,19 @@ void FArmyComposer::lstRosterUnits_Click() {
 void FArmyComposer::cmdAddUnit_Click() {
     if (lstUnits.ListIndex() >= 0) {
         WorkItem->Add(CopyUnit(ListedUnits(), lstUnits.Text()));
-        RosterChanged(2);
+        ContentChanged(2);
     }
     ShowItem();
 }
 
 void FArmyComposer::cmdShowSelUnit_Click() {
-    if (lstUnits.ListIndex() < 0) return;
-    FUnitViewer viewer;
-    viewer.Load();
-    viewer.ShowUnit(ListedUnits().Item(lstUnits.Text()), 0);
-    viewer.ShowModal(this);
+    if (lstUnits.ListIndex() >= 0) ViewUnit(*this, ListedUnits(), lstUnits.Text());
 }
 
 void FArmyComposer::cmdRemoveUnit_Click() {
     if (lstRosterUnits.ListIndex() >= 0) {
         WorkItem->Remove(lstRosterUnits.ListIndex() + 1);
-        RosterChanged(2);
+        ContentChanged(2);
     }
     ShowItem();
 }
@@ -286,61 +225,19 @@ void FArmyComposer::MoveRow(int row, std::int32_t position) {
         lstRosterUnits.RemoveItem(row);
         lstRosterUnits.AddItem(name, position - 1);
         lstRosterUnits.SetListIndex(position - 1);
-        RosterChanged(1);
+        ContentChanged(1);
     }
     UpdateUnitButtons();
 }
 
-void FArmyComposer::cmdDeleteAll_Click() {
-    if (!MPlatform::Ask("Are you sure you want to remove all the units from the army?")) return;
-    WorkItem->ArmyUnits().Clear();
-    RosterChanged(1);
-    ShowItem();
-}
-
-void FArmyComposer::cmdUpdateCosts_Click() {
-    const std::string missing = MGlobal::SyncRosterWithArmyList();
-    if (!missing.empty()) {
-        MPlatform::ShowWarning("It was not possible to find the following units in the Army List:" +
-                               MAnsiText::ToUtf8(missing));
-    }
-    lblSpecialDescr[Target].SetCaption("");
-    ShowItem();
-    RosterChanged(2);
-    MPlatform::ShowInformation("Recalculation complete.");
-}
-
-void FArmyComposer::cmdReload_Click() {
-    const std::string& file = MGlobal::ArmyRosterFile();
-    if (file.empty()) {
-        MPlatform::ShowCritical("No army roster file selected.");
-    } else {
-        const BoxAnswer answer = MPlatform::Current().ShowBox(
-            BoxKind::Question, BoxButtons::OkCancel,
-            "Are you sure you want to reload the Army Roster? All changes since the last save will be lost!");
-        if (answer == BoxAnswer::Cancel) return;
-        if (MGlobal::FileExists(file) < 1) {
-            MPlatform::ShowWarning("File \"" + file + "\" does not exits.");
-        } else if (!WorkItem->ReadInfo(file)) {
-            MPlatform::ShowWarning("Error while reading army roster.");
-        }
-    }
-    ShowItem();
-    EditState = 0;
-    SetRosterModified(false);
-}
-
-void FArmyComposer::cmdViewList_Click() {
-    FArmyRoster viewer;
-    viewer.Load();
+void FArmyComposer::ShowPage(FArmyRoster& viewer) {
     viewer.ShowArmyRoster(*WorkItem);
-    viewer.ShowModal(this);
 }
 
 void FArmyComposer::cmdSaveChanges_Click() {
     if (MPlatform::Ask("Save changes to file?") && !WorkItem->WriteInfo(MGlobal::ArmyRosterFile())) {
         MPlatform::ShowWarning("Error while saving army roster.");
     }
-    SetRosterModified(false);
+    SetModified(false);
     EditState = 0;
 }

@@ -1,19 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 
-#include "composers/picture_controls.h"
+#include "composers/army_document_form.h"
 #include "composers/unit_controls.h"
 #include "controls/choice_list.h"
 #include "controls/control_array.h"
-#include "controls/form.h"
 #include "controls/frame.h"
-#include "controls/label.h"
 #include "controls/list_box.h"
-#include "controls/text_edit.h"
-#include "shell/look/gui_handler.h"
-#include "shell/look/menu_panel.h"
 
 class CArmyRoster;
 
@@ -22,33 +16,29 @@ class CArmyRoster;
 ///
 /// Remove and the moves take the row of the roster list for the position in the roster, under a filter too: a filtered
 /// view is meant to be read.
-class FArmyComposer : public CForm {
+class FArmyComposer : public FArmyDocumentForm {
   public:
     FArmyComposer();
 
   protected:
     void Form_Load() override;
-    void Form_Activate() override;
-    bool QueryUnload() override;
-    void ClosingFailed() override;
-    void Form_Unload() override { GuiHandler.reset(); }
-    void MouseMove(IControl* control) override;
+    CArmyDocument& Document() const override;
+    void ShowItem() override;
+    void ShowPage(FArmyRoster& viewer) override;
+    void cmdSaveChanges_Click() override;
+    void ContentChanged(std::int16_t editState) override;
+    void Reloaded() override;
 
   private:
     enum Side { Source, Target };
 
     void LayOut();
-    void ShowItem();
     void UpdateCaption();
     void ListSourceUnits();
     void ListRosterUnits();
     void UpdateUnitButtons() { Buttons.Update(lstUnits, lstRosterUnits); }
-    void Edited();
-    void RosterChanged(std::int16_t editState);
     void MoveRow(int row, std::int32_t position);
 
-    void tedName_Change();
-    void tedDescr_Change();
     void cmbUnitType_Change();
     void cmbArmyUnitType_Change();
     void lstUnits_Click();
@@ -58,25 +48,11 @@ class FArmyComposer : public CForm {
     void cmdRemoveUnit_Click();
     void cmdUnitMoveUp_Click();
     void cmdUnitMoveDown_Click();
-    void cmdDeleteAll_Click();
-    void cmdUpdateCosts_Click();
-    void cmdReload_Click();
-    void cmdViewList_Click();
-    void cmdSaveChanges_Click();
 
     CArmyRoster* WorkItem = nullptr;
-    bool Loading = false;
     std::int32_t UnitFilter = 0;
     std::int32_t RosterFilter = 0;
-    std::int16_t EditState = 0;  // any but 0 marks the roster as modified at closing
-    std::unique_ptr<CVDGuiHandler> GuiHandler;
 
-    CMenuPanel Menu{this};
-    QXLabel lblName{this, "lblName"};
-    QXTextEdit tedName{this, "tedName"};
-    QXLabel lblDescr{this, "lblDescr"};
-    QXTextEdit tedDescr{this, "tedDescr"};
-    CPictureControls Picture{this, "The image will be shown full size on the army roster viewer"};
     QXFrame frmPointCost{this, "frmPointCost"};
     QXTextEdit tedPointCost{this, "tedPointCost"};
     QXFrame frmSource{this, "frmSource"};

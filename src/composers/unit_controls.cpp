@@ -4,6 +4,7 @@
 #include "core/files/ansi_text.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
+#include "roster/viewers/unit_viewer.h"
 
 void ListUnits(CListBox& box, const CUnitList& units, std::int32_t filter) {
     box.Clear();
@@ -29,6 +30,12 @@ std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name
     }
     copy->Clone(units.Item(name));
     return copy;
+}
+
+void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name) {
+    FUnitViewer viewer;
+    viewer.ShowUnit(units.Item(name), 0);
+    viewer.ShowModal(&owner);
 }
 
 CUnitButtons::CUnitButtons(CForm* form)

@@ -17,6 +17,9 @@ void OfferUnitFilters(QXChoiceList& list);
 /// A copy of the entry of that name, for a roster or squad. Error 5 where the list has no such entry.
 std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name);
 
+/// Shows the entry of that name in the viewer, above `owner`. Error 5 where the list has no such entry.
+void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name);
+
 /// The five buttons between a source of units and the target that they are picked for.
 class CUnitButtons {
   public:

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "composers/army_composer.h"
+#include "composers/army_list.h"
 #include "controls/layout.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
@@ -42,7 +43,7 @@ const std::array<FConsole::SCommand, FConsole::CommandCount> FConsole::Commands 
     {&FConsole::cmdArmyComposer, &FConsole::frmComposers, "Army Roster", "Composers", "mnuArmyComposer",
      "Army Composer", "Compose your army", &FConsole::Open<FArmyComposer>},
     {&FConsole::cmdArmyList, &FConsole::frmComposers, "Army List", "Composers", "mnuArmyList", "Army List",
-     "Check the army list", nullptr},
+     "Check the army list", &FConsole::Open<FArmyList>},
     {&FConsole::cmdSquadComposer, &FConsole::frmComposers, "Squad Composer", "Composers", "mnuUnitComposer",
      "Squad Composer", "Compose the squads", nullptr},
     {&FConsole::cmdUnitMaker, &FConsole::frmMakers, "Unit Maker", "Makers", "mnuUnitMaker", "Unit Maker",

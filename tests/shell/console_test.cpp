@@ -60,7 +60,8 @@ TEST_F(Console, HasAButtonAnEntryAndATipForEachForm) {
         {"cmdAbout", "About", "FConsole", "mnuAbout", "About", "Show application information"},
         {"cmdQuit", "Quit", "FConsole", "mnuExit", "Exit", "Quit the application"},
     };
-    const std::string available = "cmdFiles cmdArmyComposer cmdWeaponMaker cmdAccessoryMaker cmdAbout cmdQuit ";
+    const std::string available =
+        "cmdFiles cmdArmyComposer cmdArmyList cmdWeaponMaker cmdAccessoryMaker cmdAbout cmdQuit ";
     for (const auto& [name, caption, frame, entryName, entryCaption, tip] : commands) {
         SCOPED_TRACE(name);
         auto& button = Get<QXColorButton>(console_, QString::fromStdString(name));

@@ -1,0 +1,126 @@
+#include "composers/army_document_form.h"
+
+#include "controls/layout.h"
+#include "core/files/ansi_text.h"
+#include "core/files/platform.h"
+#include "roster/viewers/army_roster.h"
+#include "units/army_document.h"
+
+FArmyDocumentForm::FArmyDocumentForm(const SArmyDocumentTerms& terms)
+    : CForm(terms.formName), Picture(this, terms.pictureTip), terms_(terms) {
+    SetCaption(terms.caption);
+    lblName.SetCaption("Name:");
+    lblDescr.SetCaption("Description:");
+
+    Menu.SetCommand(DeleteAll, "Delete All Units", [this] { cmdDeleteAll_Click(); });
+    Menu.SetCommand(UpdateCosts, "Update Costs", [this] { cmdUpdateCosts_Click(); });
+    Menu.SetCommand(Reload, "Reload", [this] { cmdReload_Click(); });
+    Menu.SetCommand(ViewList, terms.viewCaption, [this] { cmdViewList_Click(); });
+    Menu.SetCommand(Unused, "Unused");
+    Menu.SetCommand(SaveChanges, "Save Changes", [this] { cmdSaveChanges_Click(); });
+
+    tedName.OnChange([this] { tedName_Change(); });
+    tedDescr.OnChange([this] { tedDescr_Change(); });
+    Picture.OnEdited([this] { Edited(); });
+}
+
+QGridLayout* FArmyDocumentForm::LayOutFields() {
+    auto* fields = MLayout::Grid();
+    fields->addWidget(&lblName, 0, 0);
+    fields->addWidget(&tedName, 0, 1, 1, 3);
+    fields->addWidget(&lblDescr, 1, 0);
+    fields->addWidget(&tedDescr, 1, 1, 1, 3);
+    fields->addWidget(&Picture.lblPictureFile, 2, 0);
+    fields->addWidget(&Picture.tedPictureFile, 2, 1);
+    fields->addWidget(&Picture.cmdPictureFileSelect, 2, 2);
+    fields->addWidget(&Picture.cmdPictureFileClear, 2, 3);
+    fields->addWidget(&Picture.lblPictureTip, 3, 1, 1, 3);
+    fields->addWidget(&Picture.imgPicture, 0, 4, 3, 1);
+    fields->setColumnStretch(1, 1);
+    Picture.tedPictureFile.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);  // as high as its buttons
+    // The rows below stay where they are when the tip comes and goes.
+    QSizePolicy tipPolicy = Picture.lblPictureTip.sizePolicy();
+    tipPolicy.setRetainSizeWhenHidden(true);
+    Picture.lblPictureTip.setSizePolicy(tipPolicy);
+    return fields;
+}
+
+void FArmyDocumentForm::Form_Load() {
+    GuiHandler = std::make_unique<CVDGuiHandler>();
+    GuiHandler->SetSkin(*this, MGlobal::SkinId());
+    Menu.ShowPictures(*GuiHandler);
+    tedName.SetMaxLength(50);
+    tedDescr.SetMaxLength(100);
+    Picture.Load(Document());
+}
+
+void FArmyDocumentForm::Form_Activate() {
+    Menu.cmdMenu[SaveChanges].SetEnabled(!terms_.file().empty());
+}
+
+bool FArmyDocumentForm::QueryUnload() {
+    if (EditState != 0) SetModified(true);
+    EditState = 0;
+    return true;
+}
+
+void FArmyDocumentForm::ShowFields() {
+    tedName.SetText(Document().Name());
+    tedDescr.SetText(Document().Descr());
+    Picture.ShowItem();
+}
+
+void FArmyDocumentForm::Edited() {
+    if (!Loading) EditState = 1;
+}
+
+void FArmyDocumentForm::tedName_Change() {
+    Document().SetName(tedName.Text());
+    Edited();
+}
+
+void FArmyDocumentForm::tedDescr_Change() {
+    Document().SetDescr(tedDescr.Text());
+    Edited();
+}
+
+void FArmyDocumentForm::cmdDeleteAll_Click() {
+    if (!MPlatform::Ask("Are you sure you want to remove all the units from the army?")) return;
+    Document().ArmyUnits().Clear();
+    ContentChanged(1);
+    ShowItem();
+}
+
+void FArmyDocumentForm::cmdUpdateCosts_Click() {
+    const std::string missing = terms_.updateCosts();
+    if (!missing.empty()) MPlatform::ShowWarning(terms_.missingHeading + MAnsiText::ToUtf8(missing));
+    ShowItem();
+    ContentChanged(2);
+    MPlatform::ShowInformation("Recalculation complete.");
+}
+
+// Speaks of the roster and its file for both documents.
+void FArmyDocumentForm::cmdReload_Click() {
+    const std::string& file = terms_.file();
+    if (file.empty()) {
+        MPlatform::ShowCritical("No army roster file selected.");
+    } else {
+        if (MPlatform::Current().ShowBox(BoxKind::Question, BoxButtons::OkCancel, terms_.reloadQuestion) ==
+            BoxAnswer::Cancel) {
+            return;
+        }
+        if (MGlobal::FileExists(file) < 1) {
+            MPlatform::ShowWarning("File \"" + MGlobal::ArmyRosterFile() + "\" does not exits.");
+        } else if (!Document().ReadInfo(file)) {
+            MPlatform::ShowWarning(terms_.readFailure);
+        }
+    }
+    ShowItem();
+    Reloaded();
+}
+
+void FArmyDocumentForm::cmdViewList_Click() {
+    FArmyRoster viewer;
+    ShowPage(viewer);
+    viewer.ShowModal(this);
+}

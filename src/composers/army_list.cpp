@@ -1,0 +1,157 @@
+#include "composers/army_list.h"
+
+#include <QScopedValueRollback>
+#include <string>
+
+#include "composers/unit_controls.h"
+#include "composers/unit_info.h"
+#include "controls/control_utils.h"
+#include "controls/layout.h"
+#include "core/files/ansi_text.h"
+#include "core/files/platform.h"
+#include "roster/viewers/army_roster.h"
+#include "units/army_list.h"
+
+namespace {
+
+constexpr SArmyDocumentTerms kTerms = {
+    .formName = "FArmyList",
+    .caption = "Army List",
+    .pictureTip = "The image will be shown full size on the army list viewer",
+    .viewCaption = "View List",
+    .index = MGlobal::ArmyListDocument,
+    .file = &MGlobal::ArmyListFile,
+    .updateCosts = &MGlobal::SyncArmyListWithEquipment,
+    .missingHeading = "It was not possible to find the following items in the Army Tables:",
+    .reloadQuestion = "Are you sure you want to reload the Army List? All changes since the last save will be lost!",
+    .readFailure = "Error while reading army list.",
+};
+
+}  // namespace
+
+FArmyList::FArmyList() : FArmyDocumentForm(kTerms) {
+    for (int index = 0; index < optFilter.Size(); ++index) {
+        optFilter[index].SetCaption(MUnitFilter::kNames.at(static_cast<std::size_t>(index)));
+        optFilter[index].SetControlGroup("optFilter");
+    }
+    cmdShowSelUnit.SetCaption("View");
+    cmdDeleteFromDb.SetCaption("Delete");
+    lblSpecialDescr.SetWordWrap(true);
+    lblSpecialDescr.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    optFilter.OnClick([this](int index) { optFilter_Click(index); });
+    lstUnits.OnClick([this] { lstUnits_Click(); });
+    cmdShowSelUnit.OnClick([this] { cmdShowSelUnit_Click(); });
+    cmdDeleteFromDb.OnClick([this] { cmdDeleteFromDb_Click(); });
+    LayOut();
+}
+
+void FArmyList::LayOut() {
+    constexpr int kFilterWidth = 150;
+    auto* filters = MLayout::Column();
+    for (int index = 0; index < optFilter.Size(); ++index) {
+        optFilter[index].setFixedWidth(kFilterWidth);
+        filters->addWidget(&optFilter[index]);
+    }
+    filters->addStretch(1);
+    auto* buttons = MLayout::Row();
+    buttons->addWidget(&cmdShowSelUnit, 1);
+    buttons->addWidget(&cmdDeleteFromDb, 1);
+    auto* list = MLayout::Column();
+    list->addWidget(&lstUnits, 1);
+    list->addLayout(buttons);
+    auto* source = MLayout::Row(&frmSource, MLayout::FrameGap);
+    source->addLayout(filters);
+    source->addLayout(list, 1);
+
+    MLayout::Column(&frmDescr)->addWidget(&lblSpecialDescr, 1);
+    auto* work = MLayout::Row(nullptr, MLayout::FrameGap);
+    work->addWidget(&frmSource, 3);
+    work->addWidget(&frmDescr, 2);
+
+    auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
+    right->addLayout(LayOutFields());
+    right->addLayout(work, 1);
+    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
+    form->addWidget(&Menu.frmMenu);
+    form->addLayout(right, 1);
+    resize(1060, 700);
+}
+
+void FArmyList::Form_Load() {
+    WorkItem = &MGlobal::ArmyList();
+    FArmyDocumentForm::Form_Load();
+    lblSpecialDescr.SetFontSize(10);
+    optFilter[MUnitFilter::Infantry].SetValue(true);
+    ListFilter = MUnitFilter::Infantry;
+    ListUnits();
+    ShowItem();
+    EditState = 0;
+}
+
+CArmyDocument& FArmyList::Document() const {
+    return *WorkItem;
+}
+
+void FArmyList::ShowItem() {
+    const QScopedValueRollback loading(Loading, true);
+    ShowFields();
+    ListUnits();
+}
+
+void FArmyList::ListUnits() {
+    ::ListUnits(lstUnits, WorkItem->ArmyUnits(), ListFilter);
+    lblSpecialDescr.SetCaption("");
+    EnableUnitButtons(false);
+    UpdateCaption();
+}
+
+void FArmyList::UpdateCaption() {
+    frmSource.SetCaption("Units in Army List (" + std::to_string(lstUnits.ListCount()) + " listed)");
+}
+
+void FArmyList::EnableUnitButtons(bool selected) {
+    cmdDeleteFromDb.SetEnabled(selected);
+    cmdShowSelUnit.SetEnabled(selected);
+}
+
+void FArmyList::optFilter_Click(int index) {
+    MQXBaseGUIControlsUtils::ClearControlGroup(*this, "optFilter", "optFilter", index);
+    ListFilter = index;
+    ListUnits();
+}
+
+void FArmyList::lstUnits_Click() {
+    if (lstUnits.ListIndex() < 0) return;
+    lblSpecialDescr.SetCaption(MUnitInfo::Text(WorkItem->ArmyUnits(), lstUnits.Text()));
+    EnableUnitButtons(true);
+}
+
+void FArmyList::cmdShowSelUnit_Click() {
+    if (lstUnits.ListIndex() >= 0) ViewUnit(*this, WorkItem->ArmyUnits(), lstUnits.Text());
+}
+
+void FArmyList::cmdDeleteFromDb_Click() {
+    const std::string name = lstUnits.Text();
+    const bool done = Trap([&] {
+        if (MPlatform::Ask("Delete unit \"" + MAnsiText::ToUtf8(name) + "\" from Army List?")) {
+            WorkItem->ArmyUnits().Remove(name);
+            ListUnits();
+        }
+        EditState = 2;
+        return true;
+    });
+    if (!done) {
+        MPlatform::ShowPlain("Error while trying to delete unit \"" + MAnsiText::ToUtf8(name) +
+                             "\" from the database: " + MAnsiText::ToUtf8(MGlobal::LastErrorText()));
+    }
+}
+
+void FArmyList::ShowPage(FArmyRoster& viewer) {
+    viewer.ShowArmyList(*WorkItem);
+}
+
+void FArmyList::cmdSaveChanges_Click() {
+    if (!WorkItem->WriteInfo(MGlobal::ArmyListFile())) MPlatform::ShowWarning("Error while saving army list.");
+    EditState = 0;
+}
