@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QTest>
 #include <QTextStream>
@@ -13,6 +14,7 @@
 #include <cstdlib>
 
 #include "controls/ansi_qt.h"
+#include "controls/color_button.h"
 #include "controls/frame.h"
 #include "controls/label.h"
 
@@ -37,6 +39,26 @@ CGuide::CGuide(const QString& pictureFolder) : pictureFolder_(pictureFolder) {}
 
 void CGuide::At(const QString& window, const QString& step, Action action) {
     steps_.push_back({window, step, std::move(action)});
+}
+
+void CGuide::AtBox(const QString& step, const QString& text, const QString& button, const QString& picture) {
+    At(QStringLiteral("QMessageBox"), step, [=, this](QWidget& window) {
+        auto* box = qobject_cast<QMessageBox*>(&window);
+        Check(box != nullptr, step + QStringLiteral(": this is no box"));
+        CheckEqual(box->text(), text, QStringLiteral("text of the box"));
+        if (!picture.isEmpty()) Picture(window, picture);
+        Answer(window, button);
+    });
+}
+
+void CGuide::AtFileDialog(const QString& step, const QString& title, const QString& name, const QString& button,
+                          const QString& picture) {
+    At(QStringLiteral("QFileDialog"), step, [=, this](QWidget& window) {
+        CheckEqual(window.windowTitle(), title, QStringLiteral("title of the dialog"));
+        Type(window, QStringLiteral("fileNameEdit"), name);
+        if (!picture.isEmpty()) Picture(window, picture);
+        Answer(window, button);
+    });
 }
 
 // One timer a look: a repeating one keeps still while the step that it started sits in a modal loop.
@@ -131,13 +153,21 @@ void CGuide::Choose(QWidget& window, const QString& choiceList, const QString& e
 void CGuide::Type(QWidget& window, const QString& field, const QString& text) {
     auto* edit = qobject_cast<QLineEdit*>(&Control(window, field));
     Check(edit != nullptr, field + QStringLiteral(" is no field"));
+    window.activateWindow();  // as a click on it does where somebody manages windows
     QTest::mouseClick(edit, Qt::LeftButton);
+    // Typing waits for the focus: a file dialog without it would keep the file that it stands on.
+    pausing_ = true;
+    const bool focused = QTest::qWaitFor([edit] { return edit->hasFocus(); });
+    pausing_ = false;
+    Check(focused, field + QStringLiteral(" takes no keys"));
     edit->selectAll();
     QTest::keyClicks(edit, text);
 }
 
+// To the window itself: where there is no display the toolkit would give the move to whichever window lies there first.
 void CGuide::Hover(QWidget& window, const QString& control) {
-    QTest::mouseMove(&Control(window, control));
+    QWidget& target = Control(window, control);
+    QTest::mouseMove(window.windowHandle(), target.mapTo(&window, target.rect().center()));
     Pause();
 }
 
@@ -155,7 +185,7 @@ QString CGuide::TextOf(QWidget& window, const QString& control) {
     QWidget* widget = window.findChild<QWidget*>(control);
     Check(widget != nullptr, QStringLiteral("%1 has no %2").arg(window.objectName(), control));
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();
-    if (auto* button = qobject_cast<QAbstractButton*>(widget)) return button->text();
+    if (auto* button = dynamic_cast<QXColorButton*>(widget)) return FromAnsi(button->Caption());
     if (auto* label = dynamic_cast<QXLabel*>(widget)) return FromAnsi(label->Caption());
     if (auto* frame = dynamic_cast<QXFrame*>(widget)) return FromAnsi(frame->Caption());
     return {};

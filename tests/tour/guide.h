@@ -18,6 +18,11 @@ class CGuide : public QObject {
 
     /// `window` is the object name of a form, or the class of one of the toolkit's dialogs.
     void At(const QString& window, const QString& step, Action action);
+    /// A message box that has to hold this text: a picture of it if that has a name, then the button.
+    void AtBox(const QString& step, const QString& text, const QString& button, const QString& picture = {});
+    /// A file dialog that has to bear this title: types a name, without folder, and leaves by the button.
+    void AtFileDialog(const QString& step, const QString& title, const QString& name, const QString& button,
+                      const QString& picture = {});
     void Start() { LookAgain(); }
     bool Finished() const { return steps_.empty(); }
 
