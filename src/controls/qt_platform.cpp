@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,6 +20,7 @@
 #include <QPrinter>
 #include <QScrollArea>
 #include <QStandardPaths>
+#include <QTreeView>
 #include <QUrl>
 #include <optional>
 
@@ -147,6 +149,13 @@ class CDialog : public QFileDialog {
         setAcceptMode(save ? AcceptSave : AcceptOpen);
         // The mode for existing files would leave out the question about overwriting.
         setFileMode(fileMustExist_ && !save ? ExistingFile : AnyFile);
+        // Room for the columns, which the toolkit would cut off.
+        resize(780, 480);
+        if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+            int column = 0;
+            for (const int width : {260, 90, 130, 160})
+                list->header()->resizeSection(column++, width);
+        }
     }
 
     QLineEdit* NameField() { return findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); }
