@@ -22,7 +22,7 @@ constexpr SArmyDocumentTerms kTerms = {
     .index = MGlobal::ArmyRosterDocument,
     .file = &MGlobal::ArmyRosterFile,
     .updateCosts = &MGlobal::SyncRosterWithArmyList,
-    .missingHeading = "It was not possible to find the following units in the Army List:",
+    .missingHeading = MGlobal::kUnitsNotFound,
     .reloadQuestion = "Are you sure you want to reload the Army Roster? All changes since the last save will be lost!",
     .readFailure = "Error while reading army roster.",
 };
@@ -69,17 +69,6 @@ void FArmyComposer::LayOut() {
     head->addLayout(LayOutFields(), 1);
     head->addWidget(&frmPointCost);
 
-    auto* sourceButtons = MLayout::Row();
-    sourceButtons->addWidget(&Buttons.cmdAddUnit, 1);
-    sourceButtons->addWidget(&Buttons.cmdShowSelUnit, 1);
-    auto* targetButtons = MLayout::Row();
-    targetButtons->addWidget(&Buttons.cmdRemoveUnit, 1);
-    for (QXColorButton* arrow : {&Buttons.cmdUnitMoveUp, &Buttons.cmdUnitMoveDown}) {
-        arrow->setFixedWidth(56);
-        arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // as high as the button beside it
-        targetButtons->addWidget(arrow);
-    }
-
     auto* work = MLayout::Grid(nullptr, MLayout::FrameGap);
     work->setVerticalSpacing(MLayout::GapAboveFrame);
     const auto addSide = [&](Side side, QXFrame& frame, QXChoiceList& filter, CListBox& list, QHBoxLayout* buttons) {
@@ -89,17 +78,12 @@ void FArmyComposer::LayOut() {
         column->addLayout(buttons);
         work->addWidget(&frame, 0, side);
 
-        QXLabel& info = lblSpecialDescr[side];
-        info.SetWordWrap(true);
-        info.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
-        auto* below = MLayout::Column(&frmDescr[side]);
-        below->addWidget(&info, 1);
-        frmDescr[side].setMinimumHeight(150);  // room for most texts, so that the lists above seldom move
+        LayOutUnitInfo(frmDescr[side], lblSpecialDescr[side]);
         work->addWidget(&frmDescr[side], 1, side);
         work->setColumnStretch(side, 1);
     };
-    addSide(Source, frmSource, cmbUnitType, lstUnits, sourceButtons);
-    addSide(Target, frmTarget, cmbArmyUnitType, lstRosterUnits, targetButtons);
+    addSide(Source, frmSource, cmbUnitType, lstUnits, Buttons.LayOutSource());
+    addSide(Target, frmTarget, cmbArmyUnitType, lstRosterUnits, Buttons.LayOutTarget());
     work->setRowStretch(0, 1);
 
     auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
@@ -207,24 +191,17 @@ void FArmyComposer::cmdRemoveUnit_Click() {
 }
 
 void FArmyComposer::cmdUnitMoveUp_Click() {
-    if (!lstRosterUnits.CanMoveUp()) return;
-    const int row = lstRosterUnits.ListIndex();
-    MoveRow(row, WorkItem->ArmyUnits().ShiftObjUp(row + 1));
+    if (lstRosterUnits.CanMoveUp()) MoveRow(WorkItem->ArmyUnits().ShiftObjUp(lstRosterUnits.ListIndex() + 1));
 }
 
 void FArmyComposer::cmdUnitMoveDown_Click() {
-    if (!lstRosterUnits.CanMoveDown()) return;
-    const int row = lstRosterUnits.ListIndex();
-    MoveRow(row, WorkItem->ArmyUnits().ShiftObjDown(row + 1));
+    if (lstRosterUnits.CanMoveDown()) MoveRow(WorkItem->ArmyUnits().ShiftObjDown(lstRosterUnits.ListIndex() + 1));
 }
 
 // The list follows a shift that has put the entry at `position`; 0 is a shift that moved nothing.
-void FArmyComposer::MoveRow(int row, std::int32_t position) {
+void FArmyComposer::MoveRow(std::int32_t position) {
     if (position > 0) {
-        const std::string name = lstRosterUnits.List(row);
-        lstRosterUnits.RemoveItem(row);
-        lstRosterUnits.AddItem(name, position - 1);
-        lstRosterUnits.SetListIndex(position - 1);
+        lstRosterUnits.MoveItem(lstRosterUnits.ListIndex(), position - 1);
         ContentChanged(1);
     }
     UpdateUnitButtons();

@@ -37,7 +37,7 @@ class FArmyComposer : public FArmyDocumentForm {
     void ListSourceUnits();
     void ListRosterUnits();
     void UpdateUnitButtons() { Buttons.Update(lstUnits, lstRosterUnits); }
-    void MoveRow(int row, std::int32_t position);
+    void MoveRow(std::int32_t position);
 
     void cmbUnitType_Change();
     void cmbArmyUnitType_Change();

@@ -22,7 +22,7 @@ constexpr SArmyDocumentTerms kTerms = {
     .index = MGlobal::ArmyListDocument,
     .file = &MGlobal::ArmyListFile,
     .updateCosts = &MGlobal::SyncArmyListWithEquipment,
-    .missingHeading = "It was not possible to find the following items in the Army Tables:",
+    .missingHeading = MGlobal::kItemsNotFound,
     .reloadQuestion = "Are you sure you want to reload the Army List? All changes since the last save will be lost!",
     .readFailure = "Error while reading army list.",
 };
@@ -36,8 +36,6 @@ FArmyList::FArmyList() : FArmyDocumentForm(kTerms) {
     }
     cmdShowSelUnit.SetCaption("View");
     cmdDeleteFromDb.SetCaption("Delete");
-    lblSpecialDescr.SetWordWrap(true);
-    lblSpecialDescr.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
 
     optFilter.OnClick([this](int index) { optFilter_Click(index); });
     lstUnits.OnClick([this] { lstUnits_Click(); });
@@ -64,7 +62,7 @@ void FArmyList::LayOut() {
     source->addLayout(filters);
     source->addLayout(list, 1);
 
-    MLayout::Column(&frmDescr)->addWidget(&lblSpecialDescr, 1);
+    LayOutUnitInfo(frmDescr, lblSpecialDescr);
     auto* work = MLayout::Row(nullptr, MLayout::FrameGap);
     work->addWidget(&frmSource, 3);
     work->addWidget(&frmDescr, 2);

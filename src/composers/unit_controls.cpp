@@ -32,6 +32,14 @@ std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name
     return copy;
 }
 
+void LayOutUnitInfo(QXFrame& frame, QXLabel& info) {
+    constexpr int kHeight = 150;
+    info.SetWordWrap(true);
+    info.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
+    MLayout::Column(&frame)->addWidget(&info, 1);
+    frame.setMinimumHeight(kHeight);
+}
+
 void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name) {
     FUnitViewer viewer;
     viewer.ShowUnit(units.Item(name), 0);
@@ -47,6 +55,25 @@ CUnitButtons::CUnitButtons(CForm* form)
     cmdAddUnit.SetCaption("Add");
     cmdShowSelUnit.SetCaption("View");
     cmdRemoveUnit.SetCaption("Remove");
+}
+
+QHBoxLayout* CUnitButtons::LayOutSource() {
+    auto* row = MLayout::Row();
+    row->addWidget(&cmdAddUnit, 1);
+    row->addWidget(&cmdShowSelUnit, 1);
+    return row;
+}
+
+QHBoxLayout* CUnitButtons::LayOutTarget() {
+    constexpr int kArrowWidth = 56;
+    auto* row = MLayout::Row();
+    row->addWidget(&cmdRemoveUnit, 1);
+    for (QXColorButton* arrow : {&cmdUnitMoveUp, &cmdUnitMoveDown}) {
+        arrow->setFixedWidth(kArrowWidth);
+        arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // as high as the button beside it
+        row->addWidget(arrow);
+    }
+    return row;
 }
 
 void CUnitButtons::ShowArrows() {

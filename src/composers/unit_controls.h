@@ -5,6 +5,8 @@
 
 #include "controls/choice_list.h"
 #include "controls/color_button.h"
+#include "controls/label.h"
+#include "controls/layout.h"
 #include "controls/list_box.h"
 #include "units/unit_list.h"
 
@@ -17,6 +19,10 @@ void OfferUnitFilters(QXChoiceList& list);
 /// A copy of the entry of that name, for a roster or squad. Error 5 where the list has no such entry.
 std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name);
 
+/// Puts the label for the information on a unit into its frame, with room for most texts, so that what stands beside
+/// the frame seldom moves.
+void LayOutUnitInfo(QXFrame& frame, QXLabel& info);
+
 /// Shows the entry of that name in the viewer, above `owner`. Error 5 where the list has no such entry.
 void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name);
 
@@ -24,6 +30,10 @@ void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name);
 class CUnitButtons {
   public:
     explicit CUnitButtons(CForm* form);
+
+    /// The rows below the source and below the target.
+    QHBoxLayout* LayOutSource();
+    QHBoxLayout* LayOutTarget();
 
     /// Gives the arrow buttons their characters; after the skin, which sets all fonts.
     void ShowArrows();

@@ -41,3 +41,9 @@ QColor ReadableOn(const QColor& ground, const QColor& preferred, double contrast
     }
     return colour;
 }
+
+QColor PlateFor(const QColor& letters, const QColor& ground) {
+    constexpr double kUnreadable = 2.0;
+    if (Contrast(letters, ground) >= kUnreadable) return ground;
+    return Contrast(letters, Qt::black) > Contrast(letters, Qt::white) ? Mix(ground, Qt::black, 0.8) : Qt::white;
+}

@@ -14,3 +14,6 @@ QColor Mix(const QColor& colour, const QColor& other, double share);
 double Contrast(const QColor& a, const QColor& b);
 /// `preferred`, darkened or lightened until it is readable on `ground`.
 QColor ReadableOn(const QColor& ground, const QColor& preferred, double contrast);
+/// `ground`, or where letters of that colour can't be told from it, a plate that they can be read on: dark for light
+/// letters, light for dark ones.
+QColor PlateFor(const QColor& letters, const QColor& ground);

@@ -88,6 +88,14 @@ void QXEditList::RemoveItem(int index) {
     if (selected) clearSelection();
 }
 
+void QXEditList::MoveItem(int from, int to) {
+    const std::string tag = Tag(from);
+    const std::string text = List(from);
+    RemoveItem(from);
+    AddItem(tag, text, to);
+    SetListIndex(to);
+}
+
 void QXEditList::Clear() {
     clear();
 }

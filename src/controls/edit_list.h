@@ -14,6 +14,8 @@ class QXEditList : public CListControl<QTreeWidget> {
     /// Inserts before the row `index`.
     void AddItem(std::string_view tag, std::string_view text, int index);
     void RemoveItem(int index);
+    /// Moves a row, and selects it at its new place.
+    void MoveItem(int from, int to);
     void Clear();
     /// Texts of a row; empty for an index outside.
     std::string List(int index) const;

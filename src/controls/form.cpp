@@ -289,7 +289,13 @@ QAction& CForm::AddMenuEntry(QMenu& menu, const char* name, std::string_view cap
     return *entry;
 }
 
+// While a handler of the form runs, it is busy with another window; only the desktop's end of the session asks then. It
+// would work on after the closing steps, and what it does would be lost.
 void CForm::closeEvent(QCloseEvent* event) {
+    if (depth_ > 0 && !inert_) {
+        event->ignore();
+        return;
+    }
     if (loaded_) Enter([this] { CloseRequest(); });
     event->setAccepted(!isVisible() || !loaded_);
 }

@@ -8,8 +8,7 @@
 
 namespace {
 
-constexpr double kUnreadable = 2.0;  // contrast
-constexpr double kReadable = 4.0;
+constexpr double kReadable = 4.0;  // contrast
 
 }  // namespace
 
@@ -88,13 +87,8 @@ int QXLabel::heightForWidth(int width) const {
 
 void QXLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), Back());
-    QColor ground = Back();
-    if (Contrast(Fore(), ground) < kUnreadable && !caption_.empty()) {
-        // Light letters on a light form stand on a dark plate, and the other way round.
-        ground = Contrast(Fore(), Qt::black) > Contrast(Fore(), Qt::white) ? Mix(Back(), Qt::black, 0.8) : Qt::white;
-        painter.fillRect(rect(), ground);
-    }
+    const QColor ground = caption_.empty() ? Back() : PlateFor(Fore(), Back());
+    painter.fillRect(rect(), ground);
     painter.setFont(font());
     const QColor text = ReadableOn(ground, Fore(), kReadable);
     painter.setPen(isEnabled() ? text : Mix(text, ground, 0.45));

@@ -41,6 +41,13 @@ void CListBox::RemoveItem(int index) {
     if (selected) clearSelection();  // the selection doesn't pass to a neighbour
 }
 
+void CListBox::MoveItem(int from, int to) {
+    const std::string text = List(from);
+    RemoveItem(from);
+    AddItem(text, to);
+    SetListIndex(to);
+}
+
 void CListBox::Clear() {
     clear();
 }

@@ -18,6 +18,8 @@ class CListBox : public CListControl<QListWidget> {
     /// Inserts before the row `index`; a sorted box takes no index.
     void AddItem(std::string_view text, int index);
     void RemoveItem(int index);
+    /// Moves a row of a box that isn't sorted, and selects it at its new place.
+    void MoveItem(int from, int to);
     void Clear();
     /// A row's text; empty for an index outside.
     std::string List(int index) const;

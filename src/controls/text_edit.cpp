@@ -149,7 +149,7 @@ void QXTextEdit::mouseReleaseEvent(QMouseEvent* event) {
 
 void QXTextEdit::LookChanged() {
     setFont(LookFont());
-    setPalette(MPainting::FieldPalette(Back(), Fore(), ToQColor(Form().BackColor())));
+    setPalette(MPainting::FieldPalette(PlateFor(Fore(), Back()), Fore(), ToQColor(Form().BackColor())));
     updateGeometry();
 }
 

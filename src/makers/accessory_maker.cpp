@@ -1,5 +1,7 @@
 #include "makers/accessory_maker.h"
 
+#include <QScopedValueRollback>
+
 #include "controls/layout.h"
 #include "core/files/file_format.h"
 #include "core/files/number_text.h"
@@ -7,6 +9,7 @@
 #include "roster/viewers/army_roster.h"
 
 using MFileFormat::FormatRealField;
+using MNumberText::FieldInt16;
 
 namespace {
 
@@ -34,7 +37,6 @@ void FillWithZero(QXTextEdit& field) {
 
 FAccessoryMaker::FAccessoryMaker()
     : FMakerOf(kTerms, SUseLimitBits{CAccessory::OneUse, CAccessory::Recharge, CAccessory::NeedsReloading}) {
-    WorkItem = std::make_unique<CAccessory>();
     lblAccessoryType.SetCaption("Type:");
     frmBaseCost.SetCaption("Suggested Cost");
     lblBaseCost.SetCaption("0");
@@ -109,7 +111,7 @@ bool FAccessoryMaker::ValidateItem(bool messages) {
 }
 
 void FAccessoryMaker::ShowItem() {
-    Loading = true;
+    const QScopedValueRollback loading(Loading, true);
     tedName.SetText(WorkItem->Name());
     tedDescr.SetText(WorkItem->Descr());
     if (!WorkItem->AccClass().empty()) cmbAccessoryType.SetText(WorkItem->AccClass());
@@ -121,16 +123,14 @@ void FAccessoryMaker::ShowItem() {
     ShowCosts();
     ShowNewCommand();
     lblSpecialDescr.SetCaption(WorkItem->SpecialPropertiesStr());
-    Loading = false;
 }
 
 void FAccessoryMaker::RefreshDerived() {
-    Loading = true;
+    const QScopedValueRollback loading(Loading, true);
     ShowNewCommand();
     ShowCosts();
     ShowArmourInfo(WorkItem->PF() > 0 && !tedPF.Text().empty());
     lblSpecialDescr.SetCaption(WorkItem->SpecialPropertiesStr());
-    Loading = false;
 }
 
 void FAccessoryMaker::ShowCosts() {
@@ -147,7 +147,7 @@ void FAccessoryMaker::ShowArmourInfo(bool visible) {
 }
 
 void FAccessoryMaker::NewItemOfClass(const std::string& itemClass) {
-    WorkItem = std::make_unique<CAccessory>();
+    NewWorkItem();
     WorkItem->SetAccClass(itemClass);
 }
 

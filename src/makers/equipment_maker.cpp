@@ -7,10 +7,7 @@
 #include "equipment/army_tables.h"
 
 using MFileFormat::FormatRealField;
-
-std::int16_t FieldInt16(const std::string& text) {
-    return MNumberText::RoundToInt16(MNumberText::ToReal(text));
-}
+using MNumberText::FieldInt16;
 
 FEquipmentMaker::FEquipmentMaker(const SMakerTerms& terms, const SUseLimitBits& bits) : FMaker(terms), bits_(bits) {
     frmAreaOfEffect.SetCaption("Area of Effect");

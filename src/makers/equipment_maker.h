@@ -34,7 +34,7 @@ class FEquipmentMaker : public FMaker {
     virtual void SetProperty(std::int32_t bit, bool on) = 0;
     /// The list of classes, which the maker has under a name of its own.
     virtual QXChoiceList& ClassList() = 0;
-    /// A working item without a source, of that class.
+    /// Makes a new working item of that class.
     virtual void NewItemOfClass(const std::string& itemClass) = 0;
     /// The quick display after an edit.
     virtual void RefreshDerived() = 0;
@@ -75,6 +75,3 @@ class FEquipmentMaker : public FMaker {
 
     SUseLimitBits bits_;
 };
-
-/// Number of a field's text as a 16-bit integer, to nearest, ties to even; text that begins with no number is 0.
-std::int16_t FieldInt16(const std::string& text);

@@ -121,15 +121,8 @@ void FMaker::Form_Activate() {
     Menu.cmdMenu[SaveChanges].SetEnabled(!DocumentFile().empty());
 }
 
-// An item that can't be stored holds the closing up, unless it has no name: then it is thrown away without a word.
 bool FMaker::QueryUnload() {
-    if (EditState == Edited) {
-        if (ValidateItem(false)) {
-            cmdAddToDb_Click();
-        } else if (!Item().Name().empty() && !WarnNotStored(terms_.notStoredAtClosing)) {
-            return false;
-        }
-    }
+    if (!OfferStoring(terms_.notStoredAtClosing)) return false;
     if (EditState != Unchanged) MGlobal::SetFileModified(terms_.document, true);
     EditState = Unchanged;
     return true;
@@ -140,16 +133,17 @@ void FMaker::ClosingFailed() {
 }
 
 void FMaker::StoreIfEdited() {
-    if (EditState != Edited) return;
-    if (ValidateItem(false)) {
-        cmdAddToDb_Click();
-    } else if (!Item().Name().empty() && !WarnNotStored(terms_.notStored)) {
-        ShowItem();
-    }
+    if (!OfferStoring(terms_.notStored)) ShowItem();
 }
 
-bool FMaker::WarnNotStored(const char* text) const {
-    return MPlatform::Current().ShowBox(BoxKind::Warning, BoxButtons::OkCancel, text) == BoxAnswer::Ok;
+bool FMaker::OfferStoring(const char* notStored) {
+    if (EditState != Edited) return true;
+    if (ValidateItem(false)) {
+        cmdAddToDb_Click();
+        return true;
+    }
+    return Item().Name().empty() ||
+           MPlatform::Current().ShowBox(BoxKind::Warning, BoxButtons::OkCancel, notStored) == BoxAnswer::Ok;
 }
 
 std::string FMaker::Failure(std::string_view attempt, std::string_view name, std::string_view where) const {

@@ -139,7 +139,9 @@ class FMaker : public CForm {
     void LayOut();
     void Store(const std::string& newName);
     std::string Failure(std::string_view attempt, std::string_view name, std::string_view where) const;
-    bool WarnNotStored(const char* text) const;
+    /// Offers an edited item for storing. One that can't be stored is thrown away: without a word where it has no name,
+    /// else after a warning, whose Cancel gives false.
+    bool OfferStoring(const char* notStored);
     void Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count));
     void tedName_Change();
     void tedDescr_Change();

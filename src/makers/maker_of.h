@@ -77,5 +77,7 @@ class FMakerOf : public TBase {
     void TakeStored(const std::string& key) final { WorkItem->Clone(Stored::Content(*List().Share(key))); }
     void TakeStored(std::int32_t position) final { WorkItem->Clone(Stored::Content(*List().Share(position))); }
 
-    std::unique_ptr<TItem> WorkItem;
+    void NewWorkItem() { WorkItem = std::make_unique<TItem>(); }
+
+    std::unique_ptr<TItem> WorkItem = std::make_unique<TItem>();
 };

@@ -17,6 +17,7 @@ FSelector::FSelector() : CForm("FSelector") {
 
     lstItems.OnClick([this] { lstItems_Click(); });
     lstItems.OnDblClick([this] { lstItems_DblClick(); });
+    lstItems.OnEnter([this] { lstItems_DblClick(); });
     cmdOK.OnClick([this] { cmdOK_Click(); });
     cmdCancel.OnClick([this] { cmdCancel_Click(); });
 
@@ -54,7 +55,7 @@ bool FSelector::Show(const std::function<void()>& fill) {
     const bool shown = Trap([&] {
         lstItems.Clear();
         fill();
-        ok_ = false;
+        ok_ = false;  // not before: where the list fails, the answer stands as it is
         selection_.clear();
         UpdateOKButton();
         ShowModal();

@@ -11,6 +11,7 @@
 #include "roster/viewers/army_roster.h"
 
 using MFileFormat::FormatRealField;
+using MNumberText::FieldInt16;
 using MQXBaseGUIControlsUtils::ClearControlGroup;
 
 namespace {
@@ -47,7 +48,6 @@ float PenMultiplierOf(int option) {
 
 FWeaponMaker::FWeaponMaker()
     : FMakerOf(kTerms, SUseLimitBits{CWeapon::OneUse, CWeapon::Recharge, CWeapon::NeedsReloading}) {
-    WorkItem = std::make_unique<CWeapon>();
     lblWeaponType.SetCaption("Weapon Type:");
     frmWeaponPen.SetCaption("Penetration");
     frmAttackType.SetCaption("Type of Attack");
@@ -133,7 +133,7 @@ void FWeaponMaker::ShowItem() {
     if (!WorkItem->WeaponClass().empty()) {
         cmbWeaponType.SetText(WorkItem->WeaponClass());
         const auto categories = MGlobal::SuppTables().GetPenCategories(WorkItem->WeaponClass());
-        if (categories == nullptr) return;
+        if (categories == nullptr) return;  // and `Loading` stays on
         for (int index = 0; index < Penetrations; ++index)
             optWeaponPen[index].SetCaption(FormatRealField(MNumberText::ToReal(categories->Element(index + 1))));
     }
@@ -150,7 +150,7 @@ void FWeaponMaker::ShowItem() {
     ShowAreaAndTargeting();
     ShowUseLimit();
     tedPointCost.SetText(FormatRealField(WorkItem->PointCost()));
-    // Grenades are thrown once or for good. Their name tells them, as soon as they are shown with it.
+    // A grenade is told by its name, not by its class; a new name counts from the next full display.
     const bool grenade = MAnsiText::UpperCase(WorkItem->Name()) == "GRENADE";
     optRecharge[Recharge].SetEnabled(!grenade);
     optRecharge[Reload].SetEnabled(!grenade);
@@ -184,11 +184,11 @@ void FWeaponMaker::TakeClass(const std::string& weaponClass) {
     WorkItem->SetPenMultiplier(PenMultiplierOf(0));
     WorkItem->SetBaseCost(MGlobal::SuppTables().GetBasePointCost(weaponClass));
     const auto categories = MGlobal::SuppTables().GetPenCategories(weaponClass);
-    if (categories != nullptr) WorkItem->SetPen(MNumberText::ToInt16(categories->Element(1)));
+    if (categories != nullptr) WorkItem->SetPen(FieldInt16(categories->Element(1)));
 }
 
 void FWeaponMaker::NewItemOfClass(const std::string& itemClass) {
-    WorkItem = std::make_unique<CWeapon>();
+    NewWorkItem();
     TakeClass(itemClass);
 }
 

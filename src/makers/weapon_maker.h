@@ -9,8 +9,8 @@
 /// Designs weapons: class, penetration, kind of attack, other effects, use limit, area and bonus, with the cost in
 /// sight after each choice.
 ///
-/// A weapon of a class that the rule tables lack shows its name and description alone, and can be changed in nothing
-/// else: `Loading` stays on until another one is shown.
+/// A weapon of a class that the rule tables lack shows its name and description alone. `Loading` then stays on until
+/// another one is shown: nothing else can be changed, and not even these count as edits.
 class FWeaponMaker : public FMakerOf<CWeapon, FEquipmentMaker> {
   public:
     FWeaponMaker();

@@ -8,10 +8,12 @@
 
 #include "composers/army_composer.h"
 #include "composers/army_list.h"
+#include "composers/squad_composer.h"
 #include "controls/layout.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
 #include "makers/accessory_maker.h"
+#include "makers/unit_maker.h"
 #include "makers/weapon_maker.h"
 #include "shell/about.h"
 #include "shell/setup.h"
@@ -45,9 +47,9 @@ const std::array<FConsole::SCommand, FConsole::CommandCount> FConsole::Commands 
     {&FConsole::cmdArmyList, &FConsole::frmComposers, "Army List", "Composers", "mnuArmyList", "Army List",
      "Check the army list", &FConsole::Open<FArmyList>},
     {&FConsole::cmdSquadComposer, &FConsole::frmComposers, "Squad Composer", "Composers", "mnuUnitComposer",
-     "Squad Composer", "Compose the squads", nullptr},
+     "Squad Composer", "Compose the squads", &FConsole::Open<FSquadComposer>},
     {&FConsole::cmdUnitMaker, &FConsole::frmMakers, "Unit Maker", "Makers", "mnuUnitMaker", "Unit Maker",
-     "Create or modify the basic units", nullptr},
+     "Create or modify the basic units", &FConsole::Open<FUnitMaker>},
     {&FConsole::cmdWeaponMaker, &FConsole::frmMakers, "Weapon Maker", "Makers", "mnuWeaponMaker", "Weapon Maker",
      "Create or modify weapons", &FConsole::Open<FWeaponMaker>},
     {&FConsole::cmdAccessoryMaker, &FConsole::frmMakers, "Accessory Maker", "Makers", "mnuAccessoryMaker",
@@ -201,13 +203,7 @@ int FConsole::TipOf(const IControl* control) {
 
 void FConsole::MouseMove(IControl* control) {
     const int number = TipOf(control);
-    if (number >= 0) {
-        GuiHandler->HighlightButton(*control);
-        ShowTip(number);
-    } else {
-        GuiHandler->UnhighlightButton();
-        GuiHandler->ResetTip();
-    }
+    GuiHandler->FollowPointer(control, number >= 0 ? Tips[static_cast<std::size_t>(number)].c_str() : nullptr);
 }
 
 // A disabled button takes no highlight, but tells what it would do.

@@ -61,7 +61,8 @@ TEST_F(Console, HasAButtonAnEntryAndATipForEachForm) {
         {"cmdQuit", "Quit", "FConsole", "mnuExit", "Exit", "Quit the application"},
     };
     const std::string available =
-        "cmdFiles cmdArmyComposer cmdArmyList cmdWeaponMaker cmdAccessoryMaker cmdAbout cmdQuit ";
+        "cmdFiles cmdArmyComposer cmdArmyList cmdSquadComposer cmdUnitMaker cmdWeaponMaker cmdAccessoryMaker cmdAbout "
+        "cmdQuit ";
     for (const auto& [name, caption, frame, entryName, entryCaption, tip] : commands) {
         SCOPED_TRACE(name);
         auto& button = Get<QXColorButton>(console_, QString::fromStdString(name));

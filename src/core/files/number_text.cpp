@@ -100,6 +100,16 @@ TInteger Round(double value) {
     return static_cast<TInteger>(rounded);
 }
 
+// A text that is a number as a whole, blanks at its ends aside; of length 0 where it is none.
+SNumberPrefix ScanWhole(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    const SNumberPrefix number = ScanNumber(text);
+    return number.length == text.size() ? number : SNumberPrefix();
+}
+
 template <class TInteger>
 TInteger ToInteger(std::string_view text) {
     TInteger plain = 0;
@@ -107,12 +117,8 @@ TInteger ToInteger(std::string_view text) {
     if (const auto result = std::from_chars(text.data(), end, plain); result.ec == std::errc() && result.ptr == end) {
         return plain;
     }
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    const SNumberPrefix number = ScanNumber(text);
-    if (number.length == 0 || number.length != text.size()) throw CRuntimeError(ErrorNumber::TypeMismatch);
+    const SNumberPrefix number = ScanWhole(text);
+    if (number.length == 0) throw CRuntimeError(ErrorNumber::TypeMismatch);
     return Round<TInteger>(Convert(number));
 }
 
@@ -133,12 +139,20 @@ std::int32_t ToInt32(std::string_view text) {
     return ToInteger<std::int32_t>(text);
 }
 
+bool IsNumeric(std::string_view text) {
+    return ScanWhole(text).length != 0;
+}
+
 std::int16_t RoundToInt16(double value) {
     return Round<std::int16_t>(value);
 }
 
 std::int32_t RoundToInt32(double value) {
     return Round<std::int32_t>(value);
+}
+
+std::int16_t FieldInt16(std::string_view text) {
+    return RoundToInt16(ToReal(text));
 }
 
 double Finite(double value) {

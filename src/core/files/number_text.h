@@ -17,9 +17,14 @@ double ToReal(std::string_view text);
 std::int16_t ToInt16(std::string_view text);
 std::int32_t ToInt32(std::string_view text);
 
+/// Whether the strict reading takes the text for a number, whatever its size.
+bool IsNumeric(std::string_view text);
+
 /// Rounds to nearest, ties to even; error 6 outside the range.
 std::int16_t RoundToInt16(double value);
 std::int32_t RoundToInt32(double value);
+/// Number of a field's text: prefix-tolerant, then rounded.
+std::int16_t FieldInt16(std::string_view text);
 
 /// The value itself; error 6 where it is infinite, error 5 where it isn't a number.
 double Finite(double value);

@@ -53,6 +53,9 @@ void PromptSaveModified(std::int32_t which);
 /// line end of its own; it is empty when all is well. No modified flag is set.
 std::string SyncRosterWithArmyList();
 std::string SyncArmyListWithEquipment();
+/// What a warning says in front of such a list: of units, and of items of equipment.
+inline constexpr const char* kUnitsNotFound = "It was not possible to find the following units in the Army List:";
+inline constexpr const char* kItemsNotFound = "It was not possible to find the following items in the Army Tables:";
 /// Prices the equipment document anew from the rule tables; lists the summaries, which can't be priced.
 std::string RecalculateEquipment();
 

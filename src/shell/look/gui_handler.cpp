@@ -232,6 +232,11 @@ void CVDGuiHandler::FollowPointer(IControl* control) {
     }
 }
 
+void CVDGuiHandler::FollowPointer(IControl* control, const char* tip) {
+    FollowPointer(tip != nullptr ? control : nullptr);
+    SetTip(tip != nullptr ? tip : "");
+}
+
 void CVDGuiHandler::UnhighlightButton(IControl* control) {
     if (highlightOff_ != 0 || form_ == nullptr) return;
     const auto unhighlight = [](IControl* one) {

@@ -33,6 +33,8 @@ class CVDGuiHandler {
     void HighlightButton(IControl& control);
     /// What most forms do when the pointer moves: highlights the button under it, and no other where there is none.
     void FollowPointer(IControl* control);
+    /// The same on a form with tips, where a button without one counts as bare form: shows the tip, or none.
+    void FollowPointer(IControl* control, const char* tip);
     /// Takes the border from one button, or without a control from all.
     void UnhighlightButton(IControl* control = nullptr);
     template <class Control, int Count>
