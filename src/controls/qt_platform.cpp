@@ -143,12 +143,12 @@ class CDialog : public QFileDialog {
     CDialog(QWidget* owner, std::uint32_t flags, bool save)
         : QFileDialog(owner),
           pathMustExist_((flags & CFileDialog::PathMustExist) != 0),
-          fileMustExist_((flags & CFileDialog::FileMustExist) != 0) {
+          fileMustExist_((flags & CFileDialog::FileMustExist) != 0),
+          asksToOverwrite_(save && (flags & CFileDialog::OverwritePrompt) != 0) {
         setOption(DontUseNativeDialog);
-        setOption(DontConfirmOverwrite, !save || !(flags & CFileDialog::OverwritePrompt));
+        setOption(DontConfirmOverwrite);
         setAcceptMode(save ? AcceptSave : AcceptOpen);
-        // The mode for existing files would leave out the question about overwriting.
-        setFileMode(fileMustExist_ && !save ? ExistingFile : AnyFile);
+        setFileMode(AnyFile);
         // Room for the columns, which the toolkit would cut off.
         resize(780, 480);
         if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
@@ -164,24 +164,34 @@ class CDialog : public QFileDialog {
     void accept() override {
         const QFileInfo file(selectedFiles().value(0));
         if (pathMustExist_ && !file.dir().exists()) {
-            Refuse(file, "Path does not exist.\nCheck the path and try again.");
-        } else if (fileMustExist_ && acceptMode() == AcceptSave && !file.exists()) {
-            Refuse(file, "File not found.\nCheck the file name and try again.");
-        } else {
+            Tell(file.path(), "Directory not found.\nPlease verify the correct directory name was given.");
+        } else if (fileMustExist_ && !file.exists()) {
+            Tell(file.filePath(), "File not found.\nPlease verify the correct file name was given.");
+        } else if (!asksToOverwrite_ || !file.exists() || file.isDir() || MayOverwrite(file)) {
             QFileDialog::accept();
         }
     }
 
   private:
-    void Refuse(const QFileInfo& file, const char* reason) {
-        QMessageBox box(QMessageBox::Warning, windowTitle(), QString(), QMessageBox::Ok, this);
+    // The toolkit's words, but its own boxes would take a name for rich text.
+    int ShowBox(const QString& text, QMessageBox::StandardButtons buttons) {
+        QMessageBox box(QMessageBox::Warning, windowTitle(), QString(), buttons, this);
         box.setTextFormat(Qt::PlainText);
-        box.setText(file.filePath() + u'\n' + QLatin1String(reason));
-        box.exec();
+        box.setText(text);
+        box.setDefaultButton(QMessageBox::No);
+        return box.exec();
+    }
+    void Tell(const QString& name, const char* reason) {
+        ShowBox(name + u'\n' + QLatin1String(reason), QMessageBox::Ok);
+    }
+    bool MayOverwrite(const QFileInfo& file) {
+        const QString question = file.fileName() + QStringLiteral(" already exists.\nDo you want to replace it?");
+        return ShowBox(question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
     }
 
     bool pathMustExist_;
     bool fileMustExist_;
+    bool asksToOverwrite_;
 };
 
 // The nearest folder that is there, from `path` upwards.

@@ -11,8 +11,6 @@ constexpr int kSkinSciFi = 1;
 constexpr int kSkinFantasy = 2;
 constexpr int kButtonWidth = 136;
 
-constexpr std::array kOperationCaptions = {"Open / New", "Save", "Save As...", "Import", "Update Costs", "Merge"};
-
 CFileDialog NewDialog(const std::string& label, const std::string& extension, std::uint32_t flags,
                       const std::string& fileName) {
     CFileDialog dialog;
@@ -26,6 +24,15 @@ CFileDialog NewDialog(const std::string& label, const std::string& extension, st
 
 }  // namespace
 
+const std::array<FSetup::SOperation, FSetup::OperationCount> FSetup::Operations = {{
+    {"Open / New", &FSetup::Select},
+    {"Save", &FSetup::Save},
+    {"Save As...", &FSetup::SaveAs},
+    {"Import", &FSetup::Import},
+    {"Update Costs", &FSetup::UpdateCosts},
+    {"Merge", &FSetup::Merge},
+}};
+
 FSetup::FSetup() : CForm("FSetup") {
     SetCaption("Setup");
     for (const SGroup& group : Groups) {
@@ -35,12 +42,11 @@ FSetup::FSetup() : CForm("FSetup") {
         field.SetAutoSelect(true);
         field.OnChange([this, &group] { PathChanged(group); });
         field.OnLeave([this, &group] { PathLeft(group); });
-        for (int operation = 0; operation < OperationCount; ++operation) {
-            const auto index = static_cast<std::size_t>(operation);
-            if (group.buttons[index] == nullptr) continue;
-            QXColorButton& button = this->*group.buttons[index];
-            button.SetCaption(kOperationCaptions.at(index));
-            button.OnClick([this, operation, &group] { Run(static_cast<Operation>(operation), group); });
+        for (std::size_t i = 0; i < OperationCount; ++i) {
+            QXColorButton* button = Button(group, i);
+            if (button == nullptr) continue;
+            button->SetCaption(Operations[i].caption);
+            button->OnClick([this, i, &group] { (this->*Operations[i].routine)(group); });
         }
     }
     lblSkin.SetCaption("Skin:");
@@ -66,8 +72,8 @@ void FSetup::LayOut() {
         for (int operation = 0; operation < OperationCount; ++operation) {
             grid->setColumnStretch(operation, 1);
             grid->setColumnMinimumWidth(operation, kButtonWidth);
-            const auto button = group.buttons[static_cast<std::size_t>(operation)];
-            if (button != nullptr) grid->addWidget(&(this->*button), 1, operation);
+            QXColorButton* button = Button(group, static_cast<std::size_t>(operation));
+            if (button != nullptr) grid->addWidget(button, 1, operation);
         }
         QXFrame& frame = frmSupportFiles[number++];
         frame.SetCaption(group.caption);
@@ -112,14 +118,15 @@ void FSetup::SetUpDialogs() {
     }
 }
 
-QXColorButton& FSetup::Button(const SGroup& group, Operation operation) {
-    return this->*group.buttons[operation];
+QXColorButton* FSetup::Button(const SGroup& group, std::size_t operation) {
+    const auto button = group.buttons[operation];
+    return button != nullptr ? &(this->*button) : nullptr;
 }
 
 void FSetup::UpdateFileButtons() {
     for (const SGroup& group : Groups) {
         for (const Operation operation : {OpSave, OpUpdateCosts})
-            Button(group, operation).SetEnabled(!group.path().empty());
+            Button(group, operation)->SetEnabled(!group.path().empty());
     }
 }
 
@@ -129,7 +136,9 @@ void FSetup::SaveSettings() {
     for (const auto& [key, path] :
          {std::pair("ArmyRosterFile", MGlobal::ArmyRosterFile()), std::pair("EquipmentFile", MGlobal::EquipmentFile()),
           std::pair("ArmyListFile", MGlobal::ArmyListFile())}) {
-        saved = profile.WriteProfile("Files", key, path) && saved;
+        // A line break would end the entry there, and leave a path that was never chosen.
+        const bool storable = path.find_first_of("\r\n") == std::string::npos;
+        saved = storable && profile.WriteProfile("Files", key, path) && saved;
     }
     if (!saved) MPlatform::ShowCritical("Error while saving defualt settings.");
 }
@@ -140,25 +149,19 @@ void FSetup::ApplySkin() {
     cmdSkin.SetForeColor(cmdOK.ForeColor());
 }
 
-const char* FSetup::TipOf(const IControl* control) const {
+const char* FSetup::TipOf(const IControl* control) {
     if (control == &cmdLoad) return "Load all the data in the specified files";
     if (control == &cmdSave) return "Save all the data in the specified files";
     for (const SGroup& group : Groups) {
         for (std::size_t i = 0; i < OperationCount; ++i) {
-            if (group.buttons[i] != nullptr && control == &(this->*group.buttons[i])) return group.tips[i];
+            if (control != nullptr && control == Button(group, i)) return group.tips[i];
         }
     }
     return nullptr;
 }
 
 void FSetup::MouseMove(IControl* control) {
-    if (const char* tip = TipOf(control)) {
-        GuiHandler->HighlightButton(*control);
-        GuiHandler->SetTip(tip);
-    } else {
-        GuiHandler->UnhighlightButton();
-        GuiHandler->ResetTip();
-    }
+    GuiHandler->FollowPointer(control, TipOf(control));
 }
 
 void FSetup::PathChanged(const SGroup& group) {
@@ -172,12 +175,6 @@ void FSetup::PathLeft(const SGroup& group) {
     if (!path.empty()) field.SetText(MGlobal::EnsureExtension(path, group.extension));
 }
 
-void FSetup::Run(Operation operation, const SGroup& group) {
-    constexpr std::array<void (FSetup::*)(const SGroup&), OperationCount> kRoutines = {
-        &FSetup::Select, &FSetup::Save, &FSetup::SaveAs, &FSetup::Import, &FSetup::UpdateCosts, &FSetup::Merge};
-    (this->*kRoutines.at(operation))(group);
-}
-
 void FSetup::Select(const SGroup& group) {
     MGlobal::PromptSaveModified(group.index);
     CFileDialog& dialog = this->*group.dialog;
@@ -185,7 +182,7 @@ void FSetup::Select(const SGroup& group) {
     if (!MPlatform::Current().ShowOpen(dialog)) return;
     const std::string name = dialog.FileName;
     QXTextEdit& field = this->*group.field;
-    // The army list's path it is in every group: its file counts as known.
+    // Every group compares with the army list's path: a name equal to that one passes without a question.
     if (name != tedArmyListFile.Text() && MGlobal::FileExists(name) == 0) {
         if (!MPlatform::Ask("File \"" + name + "\"" + group.creationQuestion)) return;
         group.document().Clear();

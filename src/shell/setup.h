@@ -33,6 +33,11 @@ class FSetup : public CForm {
     /// All that tells the group of one working file from the others; setup_groups.h.
     struct SGroup;
     static const std::array<SGroup, GroupCount> Groups;
+    struct SOperation {
+        const char* caption;
+        void (FSetup::*routine)(const SGroup& group);
+    };
+    static const std::array<SOperation, OperationCount> Operations;
 
     void LayOut();
     void SetUpDialogs();
@@ -40,12 +45,12 @@ class FSetup : public CForm {
     void SaveSettings();
     void ApplySkin();
     /// Nothing for what has no tip.
-    const char* TipOf(const IControl* control) const;
-    QXColorButton& Button(const SGroup& group, Operation operation);
+    const char* TipOf(const IControl* control);
+    /// Nothing where the file lacks the operation.
+    QXColorButton* Button(const SGroup& group, std::size_t operation);
 
     void PathChanged(const SGroup& group);
     void PathLeft(const SGroup& group);
-    void Run(Operation operation, const SGroup& group);
     void Select(const SGroup& group);
     void Save(const SGroup& group);
     void SaveAs(const SGroup& group);
@@ -53,8 +58,10 @@ class FSetup : public CForm {
     void Import(const SGroup& group);
     void UpdateCosts(const SGroup& group);
     void Merge(const SGroup& group);
+    void MergeEquipment(const SGroup& group);
+    void MergeArmyList(const SGroup& group);
     template <class TDocument>
-    void MergeInto(TDocument& document, const SGroup& group);
+    void TakeIn(TDocument& document, const SGroup& group);
 
     void cmdSave_Click();
     void cmdSkin_Click();

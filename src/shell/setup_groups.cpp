@@ -40,6 +40,7 @@ const std::array<FSetup::SGroup, FSetup::GroupCount> FSetup::Groups = {{
         .syncAfterImport = nullptr,
         .updateCosts = &MGlobal::RecalculateEquipment,
         .updateHeading = "Errors occurred while recalculating costs on the following items:",
+        .merge = &FSetup::MergeEquipment,
     },
     {
         .caption = "Army List",
@@ -68,7 +69,8 @@ const std::array<FSetup::SGroup, FSetup::GroupCount> FSetup::Groups = {{
         .importSaveFailure = "Error while saving army list.",
         .syncAfterImport = &MGlobal::SyncArmyListWithEquipment,
         .updateCosts = &MGlobal::SyncArmyListWithEquipment,
-        .updateHeading = "It was not possible to find the following items in the Army Tables:",
+        .updateHeading = MGlobal::kItemsNotFound,
+        .merge = &FSetup::MergeArmyList,
     },
     {
         .caption = "Army Roster",
@@ -96,6 +98,7 @@ const std::array<FSetup::SGroup, FSetup::GroupCount> FSetup::Groups = {{
         .importSaveFailure = "Error while saving army roster.",
         .syncAfterImport = &MGlobal::SyncRosterWithArmyList,
         .updateCosts = &MGlobal::SyncRosterWithArmyList,
-        .updateHeading = "It was not possible to find the following units in the Army List:",
+        .updateHeading = MGlobal::kUnitsNotFound,
+        .merge = nullptr,
     },
 }};

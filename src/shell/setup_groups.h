@@ -40,5 +40,6 @@ struct FSetup::SGroup {
     const char* importSaveFailure;
     std::string (*syncAfterImport)();  ///< nothing where an import stands alone
     std::string (*updateCosts)();
-    const char* updateHeading;  ///< in front of what the update couldn't do
+    const char* updateHeading;                   ///< in front of what the update couldn't do
+    void (FSetup::*merge)(const SGroup& group);  ///< nothing where there is no button for it
 };

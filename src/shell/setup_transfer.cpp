@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr const char* kNotInTables = "It was not possible to find the following items in the Army Tables:";
-
 // Each entry of `list` begins with a line end, so that it stands on a line of its own.
 void WarnOfMissing(const char* heading, const std::string& list) {
     if (!list.empty()) MPlatform::ShowWarning(heading + MAnsiText::ToUtf8(list));
@@ -20,14 +18,14 @@ void WarnOfMissing(const char* heading, const std::string& list) {
 }  // namespace
 
 void FSetup::Import(const SGroup& group) {
-    QXColorButton& button = Button(group, OpImport);
+    QXColorButton* button = Button(group, OpImport);
     CFileDialog& sourceDialog = this->*group.importDialog;
     CFileDialog& targetDialog = this->*group.dialog;
     setEnabled(false);
-    button.SetEnabled(false);
+    button->SetEnabled(false);
     const auto atTheEnd = qScopeGuard([&] {
         setEnabled(true);
-        button.SetEnabled(true);
+        button->SetEnabled(true);
         sourceDialog.DialogTitle.clear();
         (this->*group.untitledDialog).DialogTitle.clear();
     });
@@ -39,7 +37,7 @@ void FSetup::Import(const SGroup& group) {
     const std::string target = targetDialog.FileName;
 
     if (!group.document().ImportInfoV1(sourceDialog.FileName)) MPlatform::ShowWarning(group.importReadFailure);
-    if (group.syncAfterImport != nullptr) WarnOfMissing(kNotInTables, group.syncAfterImport());
+    if (group.syncAfterImport != nullptr) WarnOfMissing(MGlobal::kItemsNotFound, group.syncAfterImport());
     group.setPath(target);
     (this->*group.field).SetText(target);
     if (group.document().WriteInfo(target)) {
@@ -55,15 +53,6 @@ void FSetup::UpdateCosts(const SGroup& group) {
 }
 
 void FSetup::Merge(const SGroup& group) {
-    if (group.index == MGlobal::EquipmentDocument) {
-        MergeInto(MGlobal::ArmyTables(), group);
-    } else {
-        MergeInto(MGlobal::ArmyList(), group);
-    }
-}
-
-template <class TDocument>
-void FSetup::MergeInto(TDocument& document, const SGroup& group) {
     CFileDialog& dialog = this->*group.dialog;
     dialog.Flags = CFileDialog::OverwritePrompt | CFileDialog::FileMustExist;
     if (!MPlatform::Current().ShowOpen(dialog)) return;
@@ -71,12 +60,23 @@ void FSetup::MergeInto(TDocument& document, const SGroup& group) {
         MPlatform::ShowWarning("You cannot merge data from the current file, choose a different file.");
         return;
     }
-    TDocument source;
-    if (!source.ReadInfo(dialog.FileName)) MPlatform::ShowWarning(group.readFailure);
-    {
-        // After an error too: what was taken in up to there is to be offered for saving.
-        const auto modified = qScopeGuard([&] { MGlobal::SetFileModified(group.index, true); });
-        MMerge::Merge(document, source);
-    }
+    (this->*group.merge)(group);
     MPlatform::ShowInformation("Merge terminated");
+}
+
+void FSetup::MergeEquipment(const SGroup& group) {
+    TakeIn(MGlobal::ArmyTables(), group);
+}
+
+void FSetup::MergeArmyList(const SGroup& group) {
+    TakeIn(MGlobal::ArmyList(), group);
+}
+
+template <class TDocument>
+void FSetup::TakeIn(TDocument& document, const SGroup& group) {
+    TDocument source;
+    if (!source.ReadInfo((this->*group.dialog).FileName)) MPlatform::ShowWarning(group.readFailure);
+    // First, for an error half way: what was taken in up to there is to be offered for saving.
+    MGlobal::SetFileModified(group.index, true);
+    MMerge::Merge(document, source);
 }

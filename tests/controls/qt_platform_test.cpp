@@ -143,21 +143,68 @@ TEST(QtPlatform, FileDialogTakesItsSettings) {
     }
 }
 
-TEST(QtPlatform, SaveDialogCanDemandAnExistingFile) {
+TEST(QtPlatform, FileDialogObjectsInPlainText) {
     const QTemporaryDir folder;
+    const QString root = folder.path();
+    const QString there = QStringLiteral("<b>there.v2l");
+    std::ofstream(root.toStdString() + "/<b>there.v2l");
+    const auto noFolder = [&](const char* name) {
+        return root + QLatin1String(name) +
+               QStringLiteral("\nDirectory not found.\nPlease verify the correct directory name was given.");
+    };
+    const QString noFile =
+        root + QStringLiteral("/new.v2l\nFile not found.\nPlease verify the correct file name was given.");
+    const QString overwrite = there + QStringLiteral(" already exists.\nDo you want to replace it?");
+    constexpr std::uint32_t kPath = CFileDialog::PathMustExist;
+    constexpr std::uint32_t kFile = CFileDialog::FileMustExist;
+    constexpr std::uint32_t kAsk = CFileDialog::OverwritePrompt;
+    struct {
+        bool save;
+        std::uint32_t flags;
+        QString typed;
+        QString text;  // of the box; none without one
+        Qt::Key key;
+        bool accepted;
+    } const cases[] = {
+        {false, kPath, QStringLiteral("none/x"), noFolder("/none"), Qt::Key_Return, false},
+        {true, kPath | kFile | kAsk, QStringLiteral("none/x"), noFolder("/none"), Qt::Key_Return, false},
+        {true, kPath, QStringLiteral("new"), QString(), Qt::Key_Return, true},
+        {true, 0, QStringLiteral("none/x"), QString(), Qt::Key_Return, true},
+        {false, kFile, QStringLiteral("new"), noFile, Qt::Key_Return, false},
+        {true, kFile | kAsk, QStringLiteral("new"), noFile, Qt::Key_Return, false},
+        {true, kFile | kAsk, there, overwrite, Qt::Key_Return, false},  // No is the default
+        {true, kAsk, there, overwrite, Qt::Key_Escape, false},
+        {true, kAsk, there, overwrite, Qt::Key_unknown, true},
+        {true, kAsk, QStringLiteral("new"), QString(), Qt::Key_Return, true},
+        {false, kFile | kAsk, there, QString(), Qt::Key_Return, true},
+        {true, kAsk, root, QString(), Qt::Key_Return, false},  // a folder is entered
+    };
     CQtPlatform platform;
-    CFileDialog dialog;
-    dialog.InitDir = folder.path().toStdString();
-    dialog.FileName = "new.v2l";
-    dialog.Flags = CFileDialog::OverwritePrompt | CFileDialog::FileMustExist;
-    bool told = false;
-    WhileUp<QFileDialog>([&](QFileDialog& window) {
-        WhileUp<QMessageBox>([&](QMessageBox& box) { told = box.text().contains(QStringLiteral("File not found")); });
-        QMetaObject::invokeMethod(&window, "accept");
-        EXPECT_TRUE(window.isVisible());
-    });
-    EXPECT_FALSE(platform.ShowSave(dialog));
-    EXPECT_TRUE(told);
+    for (const auto& test : cases) {
+        CFileDialog dialog;
+        dialog.DefaultExt = ".v2l";
+        dialog.InitDir = root.toStdString();
+        dialog.Flags = test.flags;
+        QString told;
+        WhileUp<QFileDialog>([&](QFileDialog& window) {
+            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(test.typed);
+            if (!test.text.isEmpty()) {
+                WhileUp<QMessageBox>([&](QMessageBox& box) {
+                    told = box.text();
+                    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                    if (test.accepted) {
+                        box.button(QMessageBox::Yes)->click();
+                    } else {
+                        QTest::keyClick(&box, test.key);
+                    }
+                });
+            }
+            QMetaObject::invokeMethod(&window, "accept");
+            EXPECT_EQ(window.isVisible(), !test.accepted);
+        });
+        EXPECT_EQ(test.save ? platform.ShowSave(dialog) : platform.ShowOpen(dialog), test.accepted);
+        EXPECT_EQ(told, test.text) << test.typed.toStdString();
+    }
 }
 
 TEST(QtPlatform, PrintsAfterTheDialogWasAcceptedAlone) {

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <array>
-#include <csignal>
 
 #include "core/files/hide_utils.h"
 #include "core/state/app.h"
@@ -37,6 +35,7 @@ struct SWorkingFile {
     std::string import = "cmdImport" + shortStem;
     std::string extension = std::string(".v2") + letter;
     std::string importExtension = std::string(".vd") + letter;
+    std::array<std::string, 6> buttons = {select, save, saveAs, import, update, merge};
 };
 
 inline const std::string kReadingTables = "Error while reading equipment tables.";
@@ -96,9 +95,10 @@ class SetupTest : public CoreTest {
     bool Enabled(const std::string& control) {
         return MFormDriver::Find(*form_, QString::fromStdString(control))->isEnabled();
     }
-    std::string Text(const std::string& field) {
-        return MFormDriver::Get<QXTextEdit>(*form_, QString::fromStdString(field)).Text();
+    QXTextEdit& Field(const std::string& field) {
+        return MFormDriver::Get<QXTextEdit>(*form_, QString::fromStdString(field));
     }
+    std::string Text(const std::string& field) { return Field(field).Text(); }
     void Expect(BoxKind kind, const std::string& text) { platform_.ExpectBox(kind, BoxButtons::Ok, text); }
     void ExpectQuestion(const std::string& text, BoxAnswer answer) {
         platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo, text, answer);
@@ -125,22 +125,15 @@ class SetupTest : public CoreTest {
     std::unique_ptr<FSetup> form_;
 };
 
-/// A disk that has room for 100 bytes a file.
-class CFullDisk {
+/// Lets a test look on, or break something, as a box comes up.
+class CBoxPlatform : public CScriptedPlatform {
   public:
-    CFullDisk() : former_(::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit small{100, limit_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    CFullDisk(const CFullDisk&) = delete;
-    CFullDisk& operator=(const CFullDisk&) = delete;
-    ~CFullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &limit_);
-        ::signal(SIGXFSZ, former_);
+    explicit CBoxPlatform(std::function<void(BoxButtons)> before) : before_(std::move(before)) {}
+    BoxAnswer ShowBox(BoxKind kind, BoxButtons buttons, const std::string& text) override {
+        before_(buttons);
+        return CScriptedPlatform::ShowBox(kind, buttons, text);
     }
 
   private:
-    rlimit limit_{};
-    void (*former_)(int);
+    std::function<void(BoxButtons)> before_;
 };

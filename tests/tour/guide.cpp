@@ -14,6 +14,7 @@
 #include <cstdlib>
 
 #include "controls/ansi_qt.h"
+#include "controls/choice_list.h"
 #include "controls/color_button.h"
 #include "controls/frame.h"
 #include "controls/label.h"
@@ -187,6 +188,7 @@ QString CGuide::TextOf(QWidget& window, const QString& control) {
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();
     if (auto* button = dynamic_cast<QXColorButton*>(widget)) return FromAnsi(button->Caption());
     if (auto* label = dynamic_cast<QXLabel*>(widget)) return FromAnsi(label->Caption());
+    if (auto* choice = dynamic_cast<QXChoiceList*>(widget)) return FromAnsi(choice->Text());
     if (auto* frame = dynamic_cast<QXFrame*>(widget)) return FromAnsi(frame->Caption());
     return {};
 }

@@ -259,8 +259,8 @@ void CSetupChapter::SaveTheMerger() {
     Press(u"saves the army list"_s, u"cmdArmyListFileSaveAs"_s);
     guide_.AtFileDialog(u"under a new name too"_s, u"Save As"_s, u"Joint Host"_s, u"Save"_s);
     guide_.AtBox(u"which isn't taken"_s,
-                 DataFile(u"Joint Host.v2l"_s) + u"\nFile not found.\nCheck the file name and try again."_s, u"OK"_s,
-                 u"save_refused"_s);
+                 DataFile(u"Joint Host.v2l"_s) + u"\nFile not found.\nPlease verify the correct file name was given."_s,
+                 u"OK"_s, u"save_refused"_s);
     guide_.AtFileDialog(u"takes an old name"_s, u"Save As"_s, u"Night Watch.v2l"_s, u"Save"_s);
     guide_.AtBox(u"confirms it"_s, u"Night Watch.v2l already exists.\nDo you want to replace it?"_s, u"Yes"_s,
                  u"overwrite_question"_s);

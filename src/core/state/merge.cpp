@@ -44,27 +44,18 @@ class CDecision {
     std::optional<BoxAnswer> always_;
 };
 
-// The new element is filed under its name, which need not be the key of the one that makes room for it: where the name
-// is in use by a third one, the former element goes back in.
-template <class TList>
-void Replace(TList& list, std::string key, const typename TList::ItemPtr& element) {
-    const auto former = list.Share(key);
-    list.Remove(key);
-    if (list.Add(element) == 0) list.Add(former, key);
-}
-
 /// False when the player has ended the merge.
 template <class TList>
 bool TakeIn(TList& list, const TList& source, const SWords& words, CDecision& decision) {
     for (std::int32_t position = 1; position <= source.Count(); ++position) {
         const auto& element = source.Share(position);
-        if (!list.Exists(element->Key())) {
-            list.Add(element);
-            continue;
+        if (list.Exists(element->Key())) {
+            const BoxAnswer answer = decision.Settle(element->Name(), words);
+            if (answer == BoxAnswer::Cancel) return false;
+            if (answer == BoxAnswer::No) continue;
+            list.Remove(element->Key());
         }
-        const BoxAnswer answer = decision.Settle(element->Name(), words);
-        if (answer == BoxAnswer::Cancel) return false;
-        if (answer == BoxAnswer::Yes) Replace(list, element->Key(), element);
+        list.Add(element);
     }
     return true;
 }
