@@ -15,6 +15,7 @@
 #include "controls/qt_platform.h"
 #include "shell/main_procedure.h"
 #include "tour/composer_chapter.h"
+#include "tour/maker_chapter.h"
 #include "tour/setup_chapter.h"
 
 namespace {
@@ -139,12 +140,15 @@ int main(int argc, char** argv) {
     CConsoleChapter console(guide, home.path(), folder);
     CSetupChapter setup(guide, home.path(), folder);
     CComposerChapter composer(guide, home.path(), folder);
+    CMakerChapter maker(guide, home.path(), folder);
     console.LookAtTheConsole(u"console_scifi"_s);
     console.ReadAbout(u"about_scifi"_s);
     setup.StartAnArmyList();
     setup.ImportTheFormerRelease();
     setup.MergeTwoArmies();
     setup.OpenTheWrongFiles();
+    maker.DesignAWeapon();
+    maker.DesignAnAccessory();
     composer.PickAnArmy();
     composer.ViewAUnit();
     composer.ViewAndSaveTheRoster();
@@ -153,6 +157,7 @@ int main(int argc, char** argv) {
     setup.SwitchTheSkin();
     console.ReadAbout(u"about_fantasy"_s);
     console.LookAtTheConsole(u"console_fantasy"_s);
+    maker.SeeTheOtherSkin();
     composer.SeeTheOtherSkin();
     console.Leave();
     guide.Start();
