@@ -54,8 +54,8 @@ FMaker::FMaker(const SMakerTerms& terms) : CForm(terms.formName), terms_(terms) 
 
     tedName.OnChange([this] { tedName_Change(); });
     tedDescr.OnChange([this] { tedDescr_Change(); });
-    cmdPrev.OnClick([this] { Walk(Previous); });
-    cmdNext.OnClick([this] { Walk(Next); });
+    cmdPrev.OnClick([this] { WalkPrev(); });
+    cmdNext.OnClick([this] { WalkNext(); });
 
     LayOut();
 }
@@ -255,6 +255,14 @@ void FMaker::cmdSaveChanges_Click() {
     } else {
         MPlatform::ShowWarning(terms_.writeFailure);
     }
+}
+
+void FMaker::WalkNext() {
+    Walk(Next);
+}
+
+void FMaker::WalkPrev() {
+    Walk(Previous);
 }
 
 // Has no end in a list whose records are all passed over: after each round in vain the window takes the events that

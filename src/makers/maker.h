@@ -142,6 +142,8 @@ class FMaker : public CForm {
     /// Offers an edited item for storing. One that can't be stored is thrown away: without a word where it has no name,
     /// else after a warning, whose Cancel gives false.
     bool OfferStoring(const char* notStored);
+    void WalkNext();
+    void WalkPrev();
     void Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count));
     void tedName_Change();
     void tedDescr_Change();
