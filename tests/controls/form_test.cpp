@@ -115,6 +115,14 @@ TEST_F(Form, WindowsXAndEscapeRunTheClosingStepsAndCanBeRefused) {
     }
 }
 
+TEST_F(Form, StaysOpenWhileAHandlerOfItsOwnRuns) {
+    form.ShowNonModal();
+    Log();
+    form.Handle([&] { MFormDriver::CloseWindow(form); });  // the desktop's end of the session, while a box is up
+    EXPECT_EQ(Log(), "");
+    EXPECT_TRUE(form.Visible());
+}
+
 TEST_F(Form, ErrorInTheClosingStepsIsBoxedAndTheClosingGoesOn) {
     form.ShowNonModal();
     Log();
