@@ -90,7 +90,7 @@ void FAccessoryMaker::LayOut() {
     work->setColumnStretch(1, 1);
     work->setRowStretch(1, 1);
     Work().addLayout(work, 1);
-    resize(1060, 620);
+    resize(1060, 560);
 }
 
 void FAccessoryMaker::LoadItem() {
