@@ -1,7 +1,6 @@
 #include "composers/army_document_form.h"
 
 #include "controls/layout.h"
-#include "core/files/ansi_text.h"
 #include "core/files/platform.h"
 #include "roster/viewers/army_roster.h"
 #include "units/army_document.h"
@@ -92,8 +91,7 @@ void FArmyDocumentForm::cmdDeleteAll_Click() {
 }
 
 void FArmyDocumentForm::cmdUpdateCosts_Click() {
-    const std::string missing = terms_.updateCosts();
-    if (!missing.empty()) MPlatform::ShowWarning(terms_.missingHeading + MAnsiText::ToUtf8(missing));
+    MGlobal::WarnOfMissing(terms_.missingHeading, terms_.updateCosts());
     ShowItem();
     ContentChanged(2);
     MPlatform::ShowInformation("Recalculation complete.");

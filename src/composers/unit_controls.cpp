@@ -34,9 +34,7 @@ std::shared_ptr<CGenUnit> CopyUnit(const CUnitList& units, std::string_view name
 
 void LayOutUnitInfo(QXFrame& frame, QXLabel& info) {
     constexpr int kHeight = 150;
-    info.SetWordWrap(true);
-    info.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
-    MLayout::Column(&frame)->addWidget(&info, 1);
+    MLayout::TextInFrame(frame, info);
     frame.setMinimumHeight(kHeight);
 }
 
@@ -65,15 +63,7 @@ QHBoxLayout* CUnitButtons::LayOutSource() {
 }
 
 QHBoxLayout* CUnitButtons::LayOutTarget() {
-    constexpr int kArrowWidth = 56;
-    auto* row = MLayout::Row();
-    row->addWidget(&cmdRemoveUnit, 1);
-    for (QXColorButton* arrow : {&cmdUnitMoveUp, &cmdUnitMoveDown}) {
-        arrow->setFixedWidth(kArrowWidth);
-        arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // as high as the button beside it
-        row->addWidget(arrow);
-    }
-    return row;
+    return MLayout::ButtonWithArrows(cmdRemoveUnit, cmdUnitMoveUp, cmdUnitMoveDown);
 }
 
 void CUnitButtons::ShowArrows() {

@@ -67,11 +67,8 @@ class CForm : public QDialog {
     /// been unloaded.
     void Later(std::function<void()> handler, int milliseconds = 0);
 
-    /// While inert, a form lets no event into its handlers but its own closing. For walks without an end.
-    bool Inert() const { return inert_; }
-    void SetInert(bool inert) { inert_ = inert; }
-    /// For a wait without an end: idles until events have come and takes them, inert meanwhile. False once the form has
-    /// been closed.
+    /// For a walk without an end: idles until events have come and takes them. Meanwhile the form is inert: no event
+    /// but its own closing gets into its handlers. False once the form has been closed.
     bool WaitForClosing();
 
     /// The pointer is over `control`, or over the bare form or outside of it: nothing. Frames and labels are controls

@@ -26,3 +26,21 @@ QHBoxLayout* MLayout::Row(QWidget* parent, int gap) {
 QGridLayout* MLayout::Grid(QWidget* parent, int gap) {
     return Make<QGridLayout>(parent, gap);
 }
+
+QHBoxLayout* MLayout::ButtonWithArrows(QXColorButton& button, QXColorButton& up, QXColorButton& down) {
+    constexpr int kArrowWidth = 56;
+    QHBoxLayout* row = Row();
+    row->addWidget(&button, 1);
+    for (QXColorButton* arrow : {&up, &down}) {
+        arrow->setFixedWidth(kArrowWidth);
+        arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // as high as the button beside it
+        row->addWidget(arrow);
+    }
+    return row;
+}
+
+void MLayout::TextInFrame(QXFrame& frame, QXLabel& text) {
+    text.SetWordWrap(true);
+    text.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
+    Row(&frame)->addWidget(&text, 1);
+}

@@ -3,7 +3,9 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include "controls/color_button.h"
 #include "controls/frame.h"
+#include "controls/label.h"
 
 /// Layouts on one grid. Give `nullptr` for a layout that goes into another one.
 namespace MLayout {
@@ -17,6 +19,11 @@ inline constexpr int GapAboveFrame = 3;
 QVBoxLayout* Column(QWidget* parent = nullptr, int gap = Gap);
 QHBoxLayout* Row(QWidget* parent = nullptr, int gap = Gap);
 QGridLayout* Grid(QWidget* parent = nullptr, int gap = Gap);
+
+/// A button and, at its right, the two that move a row up and down.
+QHBoxLayout* ButtonWithArrows(QXColorButton& button, QXColorButton& up, QXColorButton& down);
+/// A text that wraps and fills its frame.
+void TextInFrame(QXFrame& frame, QXLabel& text);
 
 /// Margins of a form's outermost layout.
 template <class Layout>

@@ -25,8 +25,6 @@ FEquipmentMaker::FEquipmentMaker(const SMakerTerms& terms, const SUseLimitBits& 
         optRecharge[index].SetCaption(kLimits[index]);
         optRecharge[index].SetControlGroup("optRecharge");
     }
-    lblSpecialDescr.SetWordWrap(true);
-    lblSpecialDescr.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
 
     cmbAreaOfEffect.OnChange([this] { cmbAreaOfEffect_Change(); });
     tedTargetingBonus.OnChange([this] { tedTargetingBonus_Change(); });
@@ -50,7 +48,7 @@ FEquipmentMaker::FEquipmentMaker(const SMakerTerms& terms, const SUseLimitBits& 
     cmbAreaOfEffect.setFixedWidth(kFieldWidth);
     tedTargetingBonus.setFixedWidth(kFieldWidth);
 
-    MLayout::Column(&frmDescr)->addWidget(&lblSpecialDescr, 1);
+    MLayout::TextInFrame(frmDescr, lblSpecialDescr);
 }
 
 bool FEquipmentMaker::WriteDocument() const {

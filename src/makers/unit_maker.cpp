@@ -141,23 +141,12 @@ void FUnitMaker::LayOut() {
     source->addWidget(&lstEquipment, 1);
     source->addWidget(&cmdAddItem);
 
-    auto* buttons = MLayout::Row();
-    buttons->addWidget(&cmdRemoveItem, 1);
-    for (QXColorButton* arrow : {&cmdItemMoveUp, &cmdItemMoveDown}) {
-        arrow->setFixedWidth(56);
-        arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // as high as the button beside it
-        buttons->addWidget(arrow);
-    }
     auto* target = MLayout::Column(&frmTarget);
     target->addWidget(&lstUnitEquipment, 1);
-    target->addLayout(buttons);
+    target->addLayout(MLayout::ButtonWithArrows(cmdRemoveItem, cmdItemMoveUp, cmdItemMoveDown));
 
-    for (int place = 0; place < DescriptionCount; ++place) {
-        QXLabel& text = lblSpecialDescr[place];
-        text.SetWordWrap(true);
-        text.SetAlignment(Qt::AlignLeft | Qt::AlignTop);
-        MLayout::Row(&frmDescr[place])->addWidget(&text, 1);
-    }
+    for (int place = 0; place < DescriptionCount; ++place)
+        MLayout::TextInFrame(frmDescr[place], lblSpecialDescr[place]);
     for (const Descriptions place : {Source, Target})
         frmDescr[place].setMinimumHeight(110);  // room for most texts, so that the lists above seldom move
     lblSpecialDescr[Specials].SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);

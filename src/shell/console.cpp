@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <map>
 
 #include "composers/army_composer.h"
@@ -36,7 +35,7 @@ struct FConsole::SCommand {
     const char* entryName;
     const char* entryCaption;
     const char* tip;
-    void (FConsole::*handler)();  ///< nothing while the form isn't there: button and entry are then disabled
+    void (FConsole::*handler)();
 };
 
 const std::array<FConsole::SCommand, FConsole::CommandCount> FConsole::Commands = {{
@@ -70,7 +69,6 @@ FConsole::FConsole() : CForm("FConsole") {
     for (const SCommand& command : Commands) {
         QXColorButton& button = this->*command.button;
         button.SetCaption(command.caption);
-        button.SetEnabled(command.handler != nullptr);
         button.OnClick([this, &command] { (this->*command.handler)(); });
     }
     FillMenu();
@@ -87,9 +85,7 @@ void FConsole::FillMenu() {
         } else if (command.group == nullptr) {
             menu->addSeparator();
         }
-        QAction& entry = AddMenuEntry(*menu, command.entryName, command.entryCaption,
-                                      [this, &command] { (this->*command.handler)(); });
-        entry.setEnabled(command.handler != nullptr);
+        AddMenuEntry(*menu, command.entryName, command.entryCaption, [this, &command] { (this->*command.handler)(); });
     }
 }
 
@@ -203,21 +199,7 @@ int FConsole::TipOf(const IControl* control) {
 
 void FConsole::MouseMove(IControl* control) {
     const int number = TipOf(control);
-    GuiHandler->FollowPointer(control, number >= 0 ? Tips[static_cast<std::size_t>(number)].c_str() : nullptr);
-}
-
-// A disabled button takes no highlight, but tells what it would do.
-bool FConsole::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove && Loaded()) {
-        auto* control = dynamic_cast<IControl*>(watched);
-        const int number = TipOf(control);
-        if (number >= 0 && !control->Enabled()) {
-            Handle([this, number] {
-                GuiHandler->UnhighlightButton();
-                ShowTip(number);
-            });
-            return true;
-        }
-    }
-    return CForm::eventFilter(watched, event);
+    GuiHandler->FollowPointer(number >= 0 ? control : nullptr);
+    GuiHandler->ResetTip();
+    ShowTip(number);
 }

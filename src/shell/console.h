@@ -23,7 +23,6 @@ class FConsole : public CForm {
     bool QueryUnload() override;
     void Form_Unload() override;
     void MouseMove(IControl* control) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     static constexpr int CommandCount = 9;

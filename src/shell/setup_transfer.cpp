@@ -2,20 +2,10 @@
 
 #include <QScopeGuard>
 
-#include "core/files/ansi_text.h"
 #include "core/state/merge.h"
 #include "equipment/army_tables.h"
 #include "shell/setup_groups.h"
 #include "units/army_list.h"
-
-namespace {
-
-// Each entry of `list` begins with a line end, so that it stands on a line of its own.
-void WarnOfMissing(const char* heading, const std::string& list) {
-    if (!list.empty()) MPlatform::ShowWarning(heading + MAnsiText::ToUtf8(list));
-}
-
-}  // namespace
 
 void FSetup::Import(const SGroup& group) {
     QXColorButton* button = Button(group, OpImport);
@@ -37,7 +27,7 @@ void FSetup::Import(const SGroup& group) {
     const std::string target = targetDialog.FileName;
 
     if (!group.document().ImportInfoV1(sourceDialog.FileName)) MPlatform::ShowWarning(group.importReadFailure);
-    if (group.syncAfterImport != nullptr) WarnOfMissing(MGlobal::kItemsNotFound, group.syncAfterImport());
+    if (group.syncAfterImport != nullptr) MGlobal::WarnOfMissing(MGlobal::kItemsNotFound, group.syncAfterImport());
     group.setPath(target);
     (this->*group.field).SetText(target);
     if (group.document().WriteInfo(target)) {
@@ -48,7 +38,7 @@ void FSetup::Import(const SGroup& group) {
 }
 
 void FSetup::UpdateCosts(const SGroup& group) {
-    WarnOfMissing(group.updateHeading, group.updateCosts());
+    MGlobal::WarnOfMissing(group.updateHeading, group.updateCosts());
     if (MPlatform::Ask("Recalculation Complete. Save changes to file?")) Save(group);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QCloseEvent>
 #include <QTest>
+#include <QTimer>
 
 #include "controls/color_button.h"
 #include "controls/frame.h"
@@ -108,8 +109,9 @@ TEST_F(Form, WindowsXAndEscapeRunTheClosingStepsAndCanBeRefused) {
         EXPECT_EQ(Log(), "query ");
         EXPECT_TRUE(form.Visible());
         form.refuse = false;
-        form.SetInert(true);  // the closing gets through to a form that walks
-        close();
+        QTimer::singleShot(0, &form, close);
+        while (form.WaitForClosing()) {  // the closing gets through to a form that walks
+        }
         EXPECT_EQ(Log(), "query unload ");
         EXPECT_FALSE(form.Visible());
     }
@@ -162,8 +164,12 @@ TEST_F(Form, HandlerErrorsAreBoxedAndTheLastErrorIsForgottenOnEntryAlone) {
         EXPECT_EQ(MLastError::Number(), 61);
     });
     bool ran = false;
-    form.SetInert(true);
-    form.Handle([&] { ran = true; });
+    QTimer::singleShot(0, &form, [&] {
+        form.Handle([&] { ran = true; });
+        MFormDriver::CloseWindow(form);
+    });
+    while (form.WaitForClosing()) {
+    }
     EXPECT_FALSE(ran);
 }
 

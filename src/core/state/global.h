@@ -56,6 +56,8 @@ std::string SyncArmyListWithEquipment();
 /// What a warning says in front of such a list: of units, and of items of equipment.
 inline constexpr const char* kUnitsNotFound = "It was not possible to find the following units in the Army List:";
 inline constexpr const char* kItemsNotFound = "It was not possible to find the following items in the Army Tables:";
+/// Shows the warning, unless the list is empty.
+void WarnOfMissing(const char* heading, const std::string& list);
 /// Prices the equipment document anew from the rule tables; lists the summaries, which can't be priced.
 std::string RecalculateEquipment();
 

@@ -1,5 +1,6 @@
 // The operations that act on the working documents as a whole.
 
+#include "core/files/ansi_text.h"
 #include "core/files/file_access.h"
 #include "core/files/hide_utils.h"
 #include "core/files/platform.h"
@@ -141,6 +142,10 @@ std::string SyncArmyListWithEquipment() {
         squad.CalculatePointCost();
     }
     return missing;
+}
+
+void WarnOfMissing(const char* heading, const std::string& list) {
+    if (!list.empty()) MPlatform::ShowWarning(heading + MAnsiText::ToUtf8(list));
 }
 
 std::string RecalculateEquipment() {
