@@ -57,7 +57,7 @@ const std::array<FUnitSpecialProps::SLevel, 2> FUnitSpecialProps::Levels = {{
 FUnitSpecialProps::FUnitSpecialProps() : CForm("FUnitSpecialProps") {
     SetCaption("Special Properties");
     frmGeneral.SetCaption("General");
-    frmInfantry.SetCaption("Infantry");
+    frmInfantry.SetCaption("Infrantry");  // spelled so since the first release
     frmCrew.SetCaption("Crew Space");
     frmPointCost.SetCaption("Point Cost");
     cmdOK.SetCaption("OK");

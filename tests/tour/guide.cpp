@@ -1,11 +1,9 @@
 #include "tour/guide.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTest>
@@ -126,19 +124,38 @@ void CGuide::Click(QWidget& window, const QString& control) {
     QTest::mouseClick(&Control(window, control), Qt::LeftButton);
 }
 
-void CGuide::ClickRow(QWidget& window, const QString& list, const QString& row) {
-    auto* rows = qobject_cast<QListWidget*>(&Control(window, list));
+QAbstractItemView& CGuide::Rows(QWidget& window, const QString& list) {
+    auto* rows = qobject_cast<QAbstractItemView*>(&Control(window, list));
     Check(rows != nullptr, list + QStringLiteral(" is no list"));
-    const auto found = rows->findItems(row, Qt::MatchExactly);
+    return *rows;
+}
+
+// The name of a row stands in its last column.
+void CGuide::ClickRow(QWidget& window, const QString& list, const QString& row) {
+    QAbstractItemView& rows = Rows(window, list);
+    QAbstractItemModel* model = rows.model();
+    const auto found =
+        model->match(model->index(0, model->columnCount() - 1), Qt::DisplayRole, row, 1, Qt::MatchExactly);
     Check(!found.isEmpty(), QStringLiteral("%1 has no row \"%2\"").arg(list, row));
-    rows->scrollToItem(found.front());
-    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualItemRect(found.front()).center());
+    rows.scrollTo(found.front());
+    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualRect(found.front()).center());
 }
 
 void CGuide::DoubleClickRow(QWidget& window, const QString& list, const QString& row) {
     ClickRow(window, list, row);
-    auto* rows = qobject_cast<QListWidget*>(&Control(window, list));
-    QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, rows->visualItemRect(rows->currentItem()).center());
+    QAbstractItemView& rows = Rows(window, list);
+    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, rows.visualRect(rows.currentIndex()).center());
+}
+
+void CGuide::TypeTag(QWidget& window, const QString& list, const QString& row, const QString& tag) {
+    ClickRow(window, list, row);
+    QAbstractItemView& rows = Rows(window, list);
+    QTest::keyClicks(&rows, tag.left(1));
+    auto* editor = rows.findChild<QLineEdit*>();
+    Check(editor != nullptr, QStringLiteral("%1 takes no keys").arg(list));
+    QTest::keyClicks(editor, tag.mid(1));
+    QTest::keyClick(editor, Qt::Key_Return);
+    Pause();  // the list takes the text after the key
 }
 
 void CGuide::Choose(QWidget& window, const QString& choiceList, const QString& entry) {

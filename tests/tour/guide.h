@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QObject>
 #include <QString>
 #include <QWidget>
@@ -41,6 +42,8 @@ class CGuide : public QObject {
     void Click(QWidget& window, const QString& control);
     void DoubleClickRow(QWidget& window, const QString& list, const QString& row);
     void ClickRow(QWidget& window, const QString& list, const QString& row);
+    /// Types over the first column of a row.
+    void TypeTag(QWidget& window, const QString& list, const QString& row, const QString& tag);
     void Choose(QWidget& window, const QString& choiceList, const QString& entry);
     void Type(QWidget& window, const QString& field, const QString& text);
     void Hover(QWidget& window, const QString& control);
@@ -64,6 +67,7 @@ class CGuide : public QObject {
     void Pause();
     [[noreturn]] void Fail(const QString& what);
     QWidget& Control(QWidget& window, const QString& name);
+    QAbstractItemView& Rows(QWidget& window, const QString& list);
 
     std::deque<SStep> steps_;
     QString pictureFolder_;

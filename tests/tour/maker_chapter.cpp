@@ -11,19 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kAddToDb = u"cmdMenu(1)"_s;
-const QString kModify = u"cmdMenu(2)"_s;
-const QString kViewList = u"cmdMenu(3)"_s;
-const QString kDelete = u"cmdMenu(4)"_s;
-const QString kSave = u"cmdMenu(5)"_s;
 const QString kWeaponMaker = u"FWeaponMaker"_s;
 const QString kAccessoryMaker = u"FAccessoryMaker"_s;
 constexpr int kSampleWeapons = 20;
 constexpr int kSampleAccessories = 13;
-
-QString Add(const QString& name) {
-    return u"Add \"%1\" to the list?"_s.arg(name);
-}
 
 // The members of a button array that are on, by their index.
 QString Lit(QWidget& form, const QString& array) {
@@ -49,15 +40,6 @@ int Accessories() {
 
 }  // namespace
 
-void CMakerChapter::EnterMaker(const QString& button, const QString& tip) {
-    guide_.At(u"FConsole"_s, u"wants to "_s + tip.toLower(), [this, button, tip](QWidget& console) {
-        CheckUnchanged();
-        guide_.Hover(console, button);
-        guide_.CheckEqual(guide_.TextOf(console, u"lblTip"_s), tip, u"tip"_s);
-        guide_.Click(console, button);
-    });
-}
-
 void CMakerChapter::CheckUnchanged() {
     const QString name = u"Harrow March.v2q"_s;
     guide_.CheckEqual(FromPath(MGlobal::EquipmentFile()), DataFile(name), u"equipment"_s);
@@ -67,7 +49,7 @@ void CMakerChapter::CheckUnchanged() {
 }
 
 void CMakerChapter::DesignAWeapon() {
-    EnterMaker(u"cmdWeaponMaker"_s, u"Create or modify weapons"_s);
+    Enter(u"cmdWeaponMaker"_s, u"Create or modify weapons"_s);
     PriceAFlameThrower();
     NameIt();
     WalkAbout();
@@ -94,7 +76,7 @@ void CMakerChapter::PriceAFlameThrower() {
         guide_.Type(maker, u"tedDescr"_s, u"Lights the way, and whoever stands in it."_s);
         guide_.Click(maker, u"optAttackType(0)"_s);
         guide_.CheckEqual(guide_.TextOf(maker, u"tedPointCost"_s), u"10"_s, u"cost with flame"_s);
-        guide_.Click(maker, kAddToDb);
+        guide_.Click(maker, MMakerMenu::AddToDb);
     });
     guide_.AtBox(u"is told what is missing"_s, u"The weapon must have an area of effect."_s, u"OK"_s,
                  u"weapon_area_warning"_s);
@@ -127,17 +109,17 @@ void CMakerChapter::PriceAFlameThrower() {
         // The type of attack has switched the effects off on the screen alone.
         guide_.CheckEqual(Lit(maker, u"chkAttackType"_s), QString(), u"effects lit"_s);
         guide_.Picture(maker, u"weapon_maker_scifi"_s);
-        guide_.Click(maker, kAddToDb);
+        guide_.Click(maker, MMakerMenu::AddToDb);
     });
 }
 
 void CMakerChapter::NameIt() {
-    guide_.AtBox(u"confirms the weapon"_s, Add(u"WYRM TORCH"_s), u"Yes"_s, u"maker_add_question"_s);
+    guide_.AtBox(u"confirms the weapon"_s, AddQuestion(u"WYRM TORCH"_s), u"Yes"_s, u"maker_add_question"_s);
     guide_.At(kWeaponMaker, u"has it in the list, and likes another name better"_s, [this](QWidget& maker) {
         guide_.CheckEqual(Weapons(), kSampleWeapons + 1, u"weapons"_s);
         guide_.Check(MGlobal::ArmyTables().ArmyWeapons().Exists("WYRM TORCH"), u"the weapon isn't in the list"_s);
         guide_.Type(maker, u"tedName"_s, u"Wyrm Lance"_s);
-        guide_.Click(maker, kAddToDb);
+        guide_.Click(maker, MMakerMenu::AddToDb);
     });
     guide_.AtBox(u"confirms it"_s, u"Rename \"WYRM TORCH\" as \"WYRM LANCE\"?"_s, u"Yes"_s, u"maker_rename_question"_s);
 }
@@ -157,7 +139,7 @@ void CMakerChapter::WalkAbout() {
         walk(u"cmdPrev"_s, u"Wyrm Lance"_s, u"25.3125"_s);
         guide_.CheckEqual(Lit(maker, u"chkAttackType"_s), u"4"_s, u"effects lit"_s);
         guide_.CheckEqual(Lit(maker, u"optRecharge"_s), u"2"_s, u"use limit lit"_s);
-        guide_.Click(maker, kModify);
+        guide_.Click(maker, MMakerMenu::Modify);
     });
 }
 
@@ -177,7 +159,7 @@ void CMakerChapter::LookAtAGrenade() {
         for (const QString& limit : {u"optRecharge(1)"_s, u"optRecharge(2)"_s})
             guide_.Check(!maker.findChild<QWidget*>(limit)->isEnabled(), limit + u" can be used"_s);
         guide_.Picture(maker, u"weapon_maker_grenade"_s);
-        guide_.Click(maker, kModify);
+        guide_.Click(maker, MMakerMenu::Modify);
     });
 }
 
@@ -188,7 +170,7 @@ void CMakerChapter::WidenTheFlame() {
         guide_.CheckEqual(guide_.TextOf(maker, u"tedPointCost"_s), u"25.3125"_s, u"cost"_s);
         guide_.Choose(maker, u"cmbAreaOfEffect"_s, u"6"_s);
         guide_.CheckEqual(guide_.TextOf(maker, u"tedPointCost"_s), u"50.625"_s, u"cost, twice as much"_s);
-        guide_.Click(maker, kViewList);
+        guide_.Click(maker, MMakerMenu::ViewList);
     });
     guide_.AtBox(u"confirms it before he sees the list"_s,
                  u"\"WYRM LANCE\" already exists in the list,\ndo you wish to update it?"_s, u"Yes"_s,
@@ -205,7 +187,7 @@ void CMakerChapter::WidenTheFlame() {
 void CMakerChapter::SaveTheWeapon() {
     guide_.At(kWeaponMaker, u"saves it"_s, [this](QWidget& maker) {
         CheckUnchanged();
-        guide_.Click(maker, kSave);
+        guide_.Click(maker, MMakerMenu::SaveChanges);
         CArmyTables tables;
         guide_.Check(tables.ReadInfo(ToPath(DataFile(u"Harrow March.v2q"_s))), u"no equipment list"_s);
         guide_.CheckEqual(int(tables.ArmyWeapons().Count()), kSampleWeapons + 1, u"weapons on the disk"_s);
@@ -218,7 +200,7 @@ void CMakerChapter::SaveTheWeapon() {
 }
 
 void CMakerChapter::TakeOutAgain(const QString& form, const QString& prompt, const QString& name, int left) {
-    guide_.At(form, u"does without it"_s, [this](QWidget& maker) { guide_.Click(maker, kDelete); });
+    guide_.At(form, u"does without it"_s, [this](QWidget& maker) { guide_.Click(maker, MMakerMenu::Delete); });
     guide_.At(u"FSelector"_s, u"deletes it"_s, [this, prompt, name, left](QWidget& selector) {
         guide_.CheckEqual(guide_.TextOf(selector, u"lblPrompt"_s), prompt, u"prompt"_s);
         guide_.CheckEqual(guide_.TextOf(selector, u"cmdOK"_s), u"Delete Item"_s, u"button"_s);
@@ -233,8 +215,9 @@ void CMakerChapter::TakeOutAgain(const QString& form, const QString& prompt, con
         guide_.Click(selector, u"cmdCancel"_s);
     });
     // What was deleted under the player's hands counts as edited again.
-    guide_.At(form, u"saves the list without it"_s, [this](QWidget& maker) { guide_.Click(maker, kSave); });
-    guide_.AtBox(u"doesn't want it back"_s, Add(name.toUpper()), u"No"_s);
+    guide_.At(form, u"saves the list without it"_s,
+              [this](QWidget& maker) { guide_.Click(maker, MMakerMenu::SaveChanges); });
+    guide_.AtBox(u"doesn't want it back"_s, AddQuestion(name.toUpper()), u"No"_s);
     SaveAndLeave(form);
 }
 
@@ -249,7 +232,7 @@ void CMakerChapter::SaveAndLeave(const QString& form) {
 }
 
 void CMakerChapter::DesignAnAccessory() {
-    EnterMaker(u"cmdAccessoryMaker"_s, u"Create or modify basic items of equipment"_s);
+    Enter(u"cmdAccessoryMaker"_s, u"Create or modify basic items of equipment"_s);
     PriceACoat();
     SaveTheCoat();
     TakeOutAgain(kAccessoryMaker, u"Select the accessory to remove from the database:"_s, u"Salamander Coat"_s,
@@ -290,16 +273,16 @@ void CMakerChapter::PriceACoat() {
                           u"Individual Armour, One Use, Area of Effect 6cm Radius, Targeting Bonus +2, PF 3"_s,
                           u"properties"_s);
         guide_.Picture(maker, u"accessory_maker_scifi"_s);
-        guide_.Click(maker, kAddToDb);
+        guide_.Click(maker, MMakerMenu::AddToDb);
     });
-    guide_.AtBox(u"confirms it"_s, Add(u"SALAMANDER COAT"_s), u"Yes"_s);
+    guide_.AtBox(u"confirms it"_s, AddQuestion(u"SALAMANDER COAT"_s), u"Yes"_s);
 }
 
 void CMakerChapter::SaveTheCoat() {
     guide_.At(kAccessoryMaker, u"saves it"_s, [this](QWidget& maker) {
         guide_.CheckEqual(Accessories(), kSampleAccessories + 1, u"accessories"_s);
         CheckUnchanged();
-        guide_.Click(maker, kSave);
+        guide_.Click(maker, MMakerMenu::SaveChanges);
         CArmyTables tables;
         guide_.Check(tables.ReadInfo(ToPath(DataFile(u"Harrow March.v2q"_s))), u"no equipment list"_s);
         guide_.CheckEqual(int(tables.ArmyAccessories().Count()), kSampleAccessories + 1, u"accessories on the disk"_s);
@@ -311,8 +294,9 @@ void CMakerChapter::SaveTheCoat() {
 }
 
 void CMakerChapter::SeeTheOtherSkin() {
-    EnterMaker(u"cmdWeaponMaker"_s, u"Create or modify weapons"_s);
-    guide_.At(kWeaponMaker, u"looks for a weapon"_s, [this](QWidget& maker) { guide_.Click(maker, kModify); });
+    Enter(u"cmdWeaponMaker"_s, u"Create or modify weapons"_s);
+    guide_.At(kWeaponMaker, u"looks for a weapon"_s,
+              [this](QWidget& maker) { guide_.Click(maker, MMakerMenu::Modify); });
     guide_.At(u"FSelector"_s, u"the selector in the other skin"_s, [this](QWidget& selector) {
         guide_.ClickRow(selector, u"lstItems"_s, u"Plague Censer"_s);
         guide_.Picture(selector, u"selector_fantasy"_s);
@@ -322,14 +306,14 @@ void CMakerChapter::SeeTheOtherSkin() {
         guide_.Hover(maker, u"optAttackType(1)"_s);
         guide_.Picture(maker, u"weapon_maker_fantasy"_s);
         guide_.Type(maker, u"tedName"_s, u"Plague Lantern"_s);
-        guide_.Click(maker, kSave);
+        guide_.Click(maker, MMakerMenu::SaveChanges);
     });
     guide_.AtBox(u"better not"_s, u"Rename \"PLAGUE CENSER\" as \"PLAGUE LANTERN\"?"_s, u"No"_s,
                  u"maker_rename_question_fantasy"_s);
-    guide_.AtBox(u"nor beside it"_s, Add(u"PLAGUE LANTERN"_s), u"No"_s);
+    guide_.AtBox(u"nor beside it"_s, AddQuestion(u"PLAGUE LANTERN"_s), u"No"_s);
     SaveAndLeave(kWeaponMaker);
 
-    EnterMaker(u"cmdAccessoryMaker"_s, u"Create or modify basic items of equipment"_s);
+    Enter(u"cmdAccessoryMaker"_s, u"Create or modify basic items of equipment"_s);
     guide_.At(kAccessoryMaker, u"the accessory maker in the other skin"_s, [this](QWidget& maker) {
         guide_.Click(maker, u"cmdNext"_s);
         guide_.Click(maker, u"cmdNext"_s);

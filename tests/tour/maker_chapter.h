@@ -13,7 +13,6 @@ class CMakerChapter : public CChapter {
     void SeeTheOtherSkin();
 
   private:
-    void EnterMaker(const QString& button, const QString& tip);
     void PriceAFlameThrower();
     void NameIt();
     void WalkAbout();

@@ -17,6 +17,8 @@
 #include "tour/composer_chapter.h"
 #include "tour/maker_chapter.h"
 #include "tour/setup_chapter.h"
+#include "tour/squad_chapter.h"
+#include "tour/unit_chapter.h"
 
 namespace {
 
@@ -132,7 +134,8 @@ int main(int argc, char** argv) {
     }
     ChooseScreen(home.path());
     CQtApplication application(argc, argv);
-    QFile::remove(folder + u"/ford_watch.html"_s);
+    for (const QString& page : {u"/ford_watch.html"_s, u"/ford_watch.pdf"_s})
+        QFile::remove(folder + page);
 
     CGuide guide(folder);
     CTourPlatform platform(ToPath(home.path()), guide);
@@ -141,6 +144,8 @@ int main(int argc, char** argv) {
     CSetupChapter setup(guide, home.path(), folder);
     CComposerChapter composer(guide, home.path(), folder);
     CMakerChapter maker(guide, home.path(), folder);
+    CUnitChapter unit(guide, home.path(), folder);
+    CSquadChapter squad(guide, home.path(), folder);
     console.LookAtTheConsole(u"console_scifi"_s);
     console.ReadAbout(u"about_scifi"_s);
     setup.StartAnArmyList();
@@ -149,6 +154,11 @@ int main(int argc, char** argv) {
     setup.OpenTheWrongFiles();
     maker.DesignAWeapon();
     maker.DesignAnAccessory();
+    unit.DesignAnOfficer();
+    unit.DesignAVehicle();
+    unit.DesignARobotFlyer();
+    unit.WalkAndSave();
+    squad.SeeTheSampleSquads();
     composer.PickAnArmy();
     composer.ViewAUnit();
     composer.ViewAndSaveTheRoster();
@@ -158,7 +168,13 @@ int main(int argc, char** argv) {
     console.ReadAbout(u"about_fantasy"_s);
     console.LookAtTheConsole(u"console_fantasy"_s);
     maker.SeeTheOtherSkin();
+    unit.SeeTheOtherSkin();
     composer.SeeTheOtherSkin();
+    squad.ComposeAPatrol();
+    squad.SendItToTheArmy();
+    squad.ChangeAWeapon();
+    squad.UpdateTheList();
+    squad.PrintTheRoster();
     console.Leave();
     guide.Start();
     const std::unique_ptr<CForm> form = MApp::Main();
