@@ -3,7 +3,7 @@
 #include <QScopedValueRollback>
 #include <string>
 
-#include "composers/unit_info.h"
+#include "composers/unit_controls.h"
 #include "controls/layout.h"
 #include "core/files/file_format.h"
 #include "core/files/platform.h"
@@ -23,38 +23,39 @@ constexpr SArmyDocumentTerms kTerms = {
     .file = &MGlobal::ArmyRosterFile,
     .updateCosts = &MGlobal::SyncRosterWithArmyList,
     .missingHeading = MGlobal::kUnitsNotFound,
+    .deleteQuestion = "Are you sure you want to remove all the units from the army?",
     .reloadQuestion = "Are you sure you want to reload the Army Roster? All changes since the last save will be lost!",
     .readFailure = "Error while reading army roster.",
 };
 
-const CUnitList& ListedUnits() {
-    return MGlobal::ArmyList().ArmyUnits();
-}
-
 }  // namespace
 
-FArmyComposer::FArmyComposer() : FArmyDocumentForm(kTerms) {
+FArmyComposer::FArmyComposer()
+    : FArmyDocumentForm(kTerms),
+      Picker(this, "lstRosterUnits",
+             {.source = []() -> const CUnitList& { return MGlobal::ArmyList().ArmyUnits(); },
+              .target = [this]() -> CUnitList& { return WorkItem->ArmyUnits(); },
+              .add =
+                  [this](std::shared_ptr<CGenUnit> unit) {
+                      WorkItem->Add(std::move(unit));
+                      ContentChanged(2);
+                  },
+              .remove =
+                  [this](std::int32_t position) {
+                      WorkItem->Remove(position);
+                      ContentChanged(2);
+                  },
+              .moved = [this] { ContentChanged(1); },
+              .showItem = [this] { ShowItem(); }}) {
     frmPointCost.SetCaption("Point Cost");
-    frmSource.SetCaption("Units in Army List");
-    frmTarget.SetCaption("Units in Army");
+    Picker.frmTarget.SetCaption("Units in Army");
     tedPointCost.SetDataType(2);
     tedPointCost.SetLocked(true);
     tedPointCost.SetAlignment(Qt::AlignCenter);
     OfferUnitFilters(cmbUnitType);
     OfferUnitFilters(cmbArmyUnitType);
-
     cmbUnitType.OnChange([this] { cmbUnitType_Change(); });
     cmbArmyUnitType.OnChange([this] { cmbArmyUnitType_Change(); });
-    lstUnits.OnClick([this] { lstUnits_Click(); });
-    lstUnits.OnDblClick([this] { cmdAddUnit_Click(); });
-    lstRosterUnits.OnClick([this] { lstRosterUnits_Click(); });
-    lstRosterUnits.OnDblClick([this] { cmdRemoveUnit_Click(); });
-    Buttons.cmdAddUnit.OnClick([this] { cmdAddUnit_Click(); });
-    Buttons.cmdShowSelUnit.OnClick([this] { cmdShowSelUnit_Click(); });
-    Buttons.cmdRemoveUnit.OnClick([this] { cmdRemoveUnit_Click(); });
-    Buttons.cmdUnitMoveUp.OnClick([this] { cmdUnitMoveUp_Click(); });
-    Buttons.cmdUnitMoveDown.OnClick([this] { cmdUnitMoveDown_Click(); });
-
     LayOut();
 }
 
@@ -69,26 +70,14 @@ void FArmyComposer::LayOut() {
     head->addLayout(LayOutFields(), 1);
     head->addWidget(&frmPointCost);
 
-    auto* work = MLayout::Grid(nullptr, MLayout::FrameGap);
-    work->setVerticalSpacing(MLayout::GapAboveFrame);
-    const auto addSide = [&](Side side, QXFrame& frame, QXChoiceList& filter, CListBox& list, QHBoxLayout* buttons) {
-        auto* column = MLayout::Column(&frame);
-        column->addWidget(&filter);
-        column->addWidget(&list, 1);
-        column->addLayout(buttons);
-        work->addWidget(&frame, 0, side);
-
-        LayOutUnitInfo(frmDescr[side], lblSpecialDescr[side]);
-        work->addWidget(&frmDescr[side], 1, side);
-        work->setColumnStretch(side, 1);
-    };
-    addSide(Source, frmSource, cmbUnitType, lstUnits, Buttons.LayOutSource());
-    addSide(Target, frmTarget, cmbArmyUnitType, lstRosterUnits, Buttons.LayOutTarget());
-    work->setRowStretch(0, 1);
-
     auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
     right->addLayout(head);
-    right->addLayout(work, 1);
+    right->addLayout(Picker.LayOut(), 1);
+    Picker.Column(Picker.Source).insertWidget(0, &cmbUnitType);
+    Picker.Column(Picker.Target).insertWidget(0, &cmbArmyUnitType);
+    setTabOrder(&cmbUnitType, &Picker.lstUnits);
+    setTabOrder(&Picker.lstUnits, &cmbArmyUnitType);
+    setTabOrder(&cmbArmyUnitType, &Picker.lstTarget);
     auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
     form->addWidget(&Menu.frmMenu);
     form->addLayout(right, 1);
@@ -98,9 +87,9 @@ void FArmyComposer::LayOut() {
 void FArmyComposer::Form_Load() {
     WorkItem = &MGlobal::ArmyRoster();
     FArmyDocumentForm::Form_Load();
-    Buttons.ShowArrows();
-    lblSpecialDescr[Source].SetFontSize(10);
-    lblSpecialDescr[Target].SetFontSize(10);
+    Picker.ShowArrows();
+    for (const auto side : {Picker.Source, Picker.Target})
+        Picker.lblSpecialDescr[side].SetFontSize(10);
     UnitFilter = 0;
     RosterFilter = 0;
     ListSourceUnits();
@@ -121,19 +110,16 @@ void FArmyComposer::ShowItem() {
 }
 
 void FArmyComposer::UpdateCaption() {
-    frmTarget.SetCaption("Units in Army: " + std::to_string(WorkItem->ArmyUnits().Count()));
+    Picker.frmTarget.SetCaption("Units in Army: " + std::to_string(WorkItem->ArmyUnits().Count()));
 }
 
 void FArmyComposer::ListSourceUnits() {
-    ListUnits(lstUnits, ListedUnits(), UnitFilter);
-    lblSpecialDescr[Source].SetCaption("");
-    UpdateUnitButtons();
+    Picker.RefreshSourceList(UnitFilter);
 }
 
 void FArmyComposer::ListRosterUnits() {
-    ListUnits(lstRosterUnits, WorkItem->ArmyUnits(), RosterFilter);
-    lblSpecialDescr[Target].SetCaption("");
-    UpdateUnitButtons();
+    ListUnits(Picker.lstTarget, WorkItem->ArmyUnits(), RosterFilter);
+    Picker.TargetFilled();
 }
 
 void FArmyComposer::ContentChanged(std::int16_t editState) {
@@ -154,57 +140,6 @@ void FArmyComposer::cmbUnitType_Change() {
 void FArmyComposer::cmbArmyUnitType_Change() {
     RosterFilter = cmbArmyUnitType.ListIndex();
     ListRosterUnits();
-}
-
-void FArmyComposer::lstUnits_Click() {
-    if (lstUnits.ListIndex() >= 0) {
-        lblSpecialDescr[Source].SetCaption(MUnitInfo::Text(ListedUnits(), lstUnits.Text()));
-    }
-    UpdateUnitButtons();
-}
-
-void FArmyComposer::lstRosterUnits_Click() {
-    if (lstRosterUnits.ListIndex() >= 0) {
-        lblSpecialDescr[Target].SetCaption(MUnitInfo::TextIfKnown(ListedUnits(), lstRosterUnits.Text()));
-    }
-    UpdateUnitButtons();
-}
-
-void FArmyComposer::cmdAddUnit_Click() {
-    if (lstUnits.ListIndex() >= 0) {
-        WorkItem->Add(CopyUnit(ListedUnits(), lstUnits.Text()));
-        ContentChanged(2);
-    }
-    ShowItem();
-}
-
-void FArmyComposer::cmdShowSelUnit_Click() {
-    if (lstUnits.ListIndex() >= 0) ViewUnit(*this, ListedUnits(), lstUnits.Text());
-}
-
-void FArmyComposer::cmdRemoveUnit_Click() {
-    if (lstRosterUnits.ListIndex() >= 0) {
-        WorkItem->Remove(lstRosterUnits.ListIndex() + 1);
-        ContentChanged(2);
-    }
-    ShowItem();
-}
-
-void FArmyComposer::cmdUnitMoveUp_Click() {
-    if (lstRosterUnits.CanMoveUp()) MoveRow(WorkItem->ArmyUnits().ShiftObjUp(lstRosterUnits.ListIndex() + 1));
-}
-
-void FArmyComposer::cmdUnitMoveDown_Click() {
-    if (lstRosterUnits.CanMoveDown()) MoveRow(WorkItem->ArmyUnits().ShiftObjDown(lstRosterUnits.ListIndex() + 1));
-}
-
-// The list follows a shift that has put the entry at `position`; 0 is a shift that moved nothing.
-void FArmyComposer::MoveRow(std::int32_t position) {
-    if (position > 0) {
-        lstRosterUnits.MoveItem(lstRosterUnits.ListIndex(), position - 1);
-        ContentChanged(1);
-    }
-    UpdateUnitButtons();
 }
 
 void FArmyComposer::ShowPage(FArmyRoster& viewer) {

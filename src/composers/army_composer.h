@@ -3,9 +3,8 @@
 #include <cstdint>
 
 #include "composers/army_document_form.h"
-#include "composers/unit_controls.h"
+#include "composers/unit_picker.h"
 #include "controls/choice_list.h"
-#include "controls/control_array.h"
 #include "controls/frame.h"
 #include "controls/list_box.h"
 
@@ -30,24 +29,13 @@ class FArmyComposer : public FArmyDocumentForm {
     void Reloaded() override;
 
   private:
-    enum Side { Source, Target };
-
     void LayOut();
     void UpdateCaption();
     void ListSourceUnits();
     void ListRosterUnits();
-    void UpdateUnitButtons() { Buttons.Update(lstUnits, lstRosterUnits); }
-    void MoveRow(std::int32_t position);
 
     void cmbUnitType_Change();
     void cmbArmyUnitType_Change();
-    void lstUnits_Click();
-    void lstRosterUnits_Click();
-    void cmdAddUnit_Click();
-    void cmdShowSelUnit_Click();
-    void cmdRemoveUnit_Click();
-    void cmdUnitMoveUp_Click();
-    void cmdUnitMoveDown_Click();
 
     CArmyRoster* WorkItem = nullptr;
     std::int32_t UnitFilter = 0;
@@ -55,13 +43,7 @@ class FArmyComposer : public FArmyDocumentForm {
 
     QXFrame frmPointCost{this, "frmPointCost"};
     QXTextEdit tedPointCost{this, "tedPointCost"};
-    QXFrame frmSource{this, "frmSource"};
     QXChoiceList cmbUnitType{this, "cmbUnitType"};
-    CListBox lstUnits{this, "lstUnits"};
-    QXFrame frmTarget{this, "frmTarget"};
     QXChoiceList cmbArmyUnitType{this, "cmbArmyUnitType"};
-    CListBox lstRosterUnits{this, "lstRosterUnits"};
-    CUnitButtons Buttons{this};
-    CControlArray<QXFrame, 2> frmDescr{this, "frmDescr"};
-    CControlArray<QXLabel, 2> lblSpecialDescr{this, "lblSpecialDescr"};
+    CUnitPicker<CListBox> Picker;
 };

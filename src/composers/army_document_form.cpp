@@ -6,21 +6,14 @@
 #include "units/army_document.h"
 
 FArmyDocumentForm::FArmyDocumentForm(const SArmyDocumentTerms& terms)
-    : CForm(terms.formName), Picture(this, terms.pictureTip), terms_(terms) {
-    SetCaption(terms.caption);
-    lblName.SetCaption("Name:");
-    lblDescr.SetCaption("Description:");
-
+    : FEditForm(terms.formName, terms.caption, terms.index), Picture(this, terms.pictureTip), terms_(terms) {
     Menu.SetCommand(DeleteAll, "Delete All Units", [this] { cmdDeleteAll_Click(); });
     Menu.SetCommand(UpdateCosts, "Update Costs", [this] { cmdUpdateCosts_Click(); });
     Menu.SetCommand(Reload, "Reload", [this] { cmdReload_Click(); });
     Menu.SetCommand(ViewList, terms.viewCaption, [this] { cmdViewList_Click(); });
     Menu.SetCommand(Unused, "Unused");
     Menu.SetCommand(SaveChanges, "Save Changes", [this] { cmdSaveChanges_Click(); });
-
-    tedName.OnChange([this] { tedName_Change(); });
-    tedDescr.OnChange([this] { tedDescr_Change(); });
-    Picture.OnEdited([this] { Edited(); });
+    Picture.OnEdited([this] { MarkEdited(); });
 }
 
 QGridLayout* FArmyDocumentForm::LayOutFields() {
@@ -45,22 +38,8 @@ QGridLayout* FArmyDocumentForm::LayOutFields() {
 }
 
 void FArmyDocumentForm::Form_Load() {
-    GuiHandler = std::make_unique<CVDGuiHandler>();
-    GuiHandler->SetSkin(*this, MGlobal::SkinId());
-    Menu.ShowPictures(*GuiHandler);
-    tedName.SetMaxLength(50);
-    tedDescr.SetMaxLength(100);
+    FEditForm::Form_Load();
     Picture.Load(Document());
-}
-
-void FArmyDocumentForm::Form_Activate() {
-    Menu.cmdMenu[SaveChanges].SetEnabled(!terms_.file().empty());
-}
-
-bool FArmyDocumentForm::QueryUnload() {
-    if (EditState != 0) SetModified(true);
-    EditState = 0;
-    return true;
 }
 
 void FArmyDocumentForm::ShowFields() {
@@ -69,22 +48,16 @@ void FArmyDocumentForm::ShowFields() {
     Picture.ShowItem();
 }
 
-void FArmyDocumentForm::Edited() {
-    if (!Loading) EditState = 1;
+void FArmyDocumentForm::SetItemName(const std::string& name) {
+    Document().SetName(name);
 }
 
-void FArmyDocumentForm::tedName_Change() {
-    Document().SetName(tedName.Text());
-    Edited();
-}
-
-void FArmyDocumentForm::tedDescr_Change() {
-    Document().SetDescr(tedDescr.Text());
-    Edited();
+void FArmyDocumentForm::SetItemDescr(const std::string& descr) {
+    Document().SetDescr(descr);
 }
 
 void FArmyDocumentForm::cmdDeleteAll_Click() {
-    if (!MPlatform::Ask("Are you sure you want to remove all the units from the army?")) return;
+    if (!MPlatform::Ask(terms_.deleteQuestion)) return;
     Document().ArmyUnits().Clear();
     ContentChanged(1);
     ShowItem();

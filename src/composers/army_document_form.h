@@ -1,16 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "composers/picture_controls.h"
-#include "controls/form.h"
-#include "controls/label.h"
-#include "controls/text_edit.h"
-#include "core/state/global.h"
-#include "shell/look/gui_handler.h"
-#include "shell/look/menu_panel.h"
+#include "shell/look/edit_form.h"
 
 class CArmyDocument;
 class FArmyRoster;
@@ -26,13 +20,14 @@ struct SArmyDocumentTerms {
     const std::string& (*file)();
     std::string (*updateCosts)();  ///< gives what couldn't be found
     const char* missingHeading;    ///< in front of what couldn't be found
+    const char* deleteQuestion;
     const char* reloadQuestion;
     const char* readFailure;
 };
 
 /// What the forms of the army list and of the roster share: they edit a working document directly, its name,
 /// description and picture, and have the same commands. There is no undo but Reload.
-class FArmyDocumentForm : public CForm {
+class FArmyDocumentForm : public FEditForm {
   public:
     explicit FArmyDocumentForm(const SArmyDocumentTerms& terms);
 
@@ -53,31 +48,15 @@ class FArmyDocumentForm : public CForm {
     void ShowFields();
 
     void Form_Load() override;
-    void Form_Activate() override;
-    bool QueryUnload() override;
-    void ClosingFailed() override { SetModified(true); }
-    void Form_Unload() override { GuiHandler.reset(); }
-    void MouseMove(IControl* control) override { GuiHandler->FollowPointer(control); }
 
-    void SetModified(bool modified) { MGlobal::SetFileModified(terms_.index, modified); }
-
-    bool Loading = false;
-    std::int16_t EditState = 0;  ///< any but 0 marks the document as modified at closing
-    std::unique_ptr<CVDGuiHandler> GuiHandler;
-
-    CMenuPanel Menu{this};
-    QXLabel lblName{this, "lblName"};
-    QXTextEdit tedName{this, "tedName"};
-    QXLabel lblDescr{this, "lblDescr"};
-    QXTextEdit tedDescr{this, "tedDescr"};
     CPictureControls Picture;
 
   private:
-    enum Commands { DeleteAll, UpdateCosts, Reload, ViewList, Unused, SaveChanges };
+    enum Commands { DeleteAll, UpdateCosts, Reload, ViewList, Unused };
 
-    void Edited();
-    void tedName_Change();
-    void tedDescr_Change();
+    const std::string& DocumentFile() const override { return terms_.file(); }
+    void SetItemName(const std::string& name) override;
+    void SetItemDescr(const std::string& descr) override;
     void cmdDeleteAll_Click();
     void cmdUpdateCosts_Click();
     void cmdReload_Click();

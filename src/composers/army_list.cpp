@@ -23,6 +23,7 @@ constexpr SArmyDocumentTerms kTerms = {
     .file = &MGlobal::ArmyListFile,
     .updateCosts = &MGlobal::SyncArmyListWithEquipment,
     .missingHeading = MGlobal::kItemsNotFound,
+    .deleteQuestion = "Are you sure you want to remove all the units from the army list?",
     .reloadQuestion = "Are you sure you want to reload the Army List? All changes since the last save will be lost!",
     .readFailure = "Error while reading army list.",
 };

@@ -23,7 +23,6 @@ constexpr SMakerTerms kTerms = {
     .notStoredAtClosing = "The current accessory data is not complete/valid, it CANNOT be saved to the database.",
     .document = MGlobal::EquipmentDocument,
     .writeFailure = "Error while writing equipment tables.",
-    .nameLength = 50,
 };
 
 // A number field isn't left empty.

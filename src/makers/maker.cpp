@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int kDescrLength = 100;
 constexpr int kCostWidth = 170;
 
 // Positions count from 1; 0 is a record that isn't in the list. The walk is circular.
@@ -34,10 +33,7 @@ void CValidation::Require(bool holds, const char* warning) {
     if (messages_) MPlatform::ShowWarning(warning);
 }
 
-FMaker::FMaker(const SMakerTerms& terms) : CForm(terms.formName), terms_(terms) {
-    SetCaption(terms.caption);
-    lblName.SetCaption("Name:");
-    lblDescr.SetCaption("Description:");
+FMaker::FMaker(const SMakerTerms& terms) : FEditForm(terms.formName, terms.caption, terms.document), terms_(terms) {
     frmPointCost.SetCaption("Point Cost");
     tedName.SetAutoSelect(true);
     tedDescr.SetAutoSelect(true);
@@ -52,8 +48,6 @@ FMaker::FMaker(const SMakerTerms& terms) : CForm(terms.formName), terms_(terms) 
     Menu.SetCommand(Delete, "Delete from List", [this] { cmdDelete_Click(); });
     Menu.SetCommand(SaveChanges, "Save Changes", [this] { cmdSaveChanges_Click(); });
 
-    tedName.OnChange([this] { tedName_Change(); });
-    tedDescr.OnChange([this] { tedDescr_Change(); });
     cmdPrev.OnClick([this] { WalkPrev(); });
     cmdNext.OnClick([this] { WalkNext(); });
 
@@ -106,30 +100,15 @@ void FMaker::AddToHead(QXFrame& frame) {
 }
 
 void FMaker::Form_Load() {
-    GuiHandler = std::make_unique<CVDGuiHandler>();
-    GuiHandler->SetSkin(*this, MGlobal::SkinId());
-    Menu.ShowPictures(*GuiHandler);
+    FEditForm::Form_Load();
     cmdPrev.SetArrow("\xE7");
     cmdNext.SetArrow("\xE8");
-    tedName.SetMaxLength(terms_.nameLength);
-    tedDescr.SetMaxLength(kDescrLength);
     LoadItem();
     EditState = Unchanged;
 }
 
-void FMaker::Form_Activate() {
-    Menu.cmdMenu[SaveChanges].SetEnabled(!DocumentFile().empty());
-}
-
 bool FMaker::QueryUnload() {
-    if (!OfferStoring(terms_.notStoredAtClosing)) return false;
-    if (EditState != Unchanged) MGlobal::SetFileModified(terms_.document, true);
-    EditState = Unchanged;
-    return true;
-}
-
-void FMaker::ClosingFailed() {
-    MGlobal::SetFileModified(terms_.document, true);
+    return OfferStoring(terms_.notStoredAtClosing) && FEditForm::QueryUnload();
 }
 
 void FMaker::StoreIfEdited() {
@@ -149,16 +128,6 @@ bool FMaker::OfferStoring(const char* notStored) {
 std::string FMaker::Failure(std::string_view attempt, std::string_view name, std::string_view where) const {
     return "Error while trying to " + std::string(attempt) + " " + Quoted(name) + " " + std::string(where) + ": " +
            MAnsiText::ToUtf8(MGlobal::LastErrorText());
-}
-
-void FMaker::tedName_Change() {
-    Item().SetName(tedName.Text());
-    if (!Loading) EditState = Edited;
-}
-
-void FMaker::tedDescr_Change() {
-    Item().SetDescr(tedDescr.Text());
-    if (!Loading) EditState = Edited;
 }
 
 void FMaker::cmdAddToDb_Click() {

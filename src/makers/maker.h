@@ -1,20 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include "controls/color_button.h"
-#include "controls/form.h"
 #include "controls/frame.h"
-#include "controls/label.h"
-#include "controls/text_edit.h"
 #include "core/files/record.h"
-#include "core/state/global.h"
 #include "makers/selector.h"
-#include "shell/look/gui_handler.h"
-#include "shell/look/menu_panel.h"
+#include "shell/look/edit_form.h"
 
 class FArmyRoster;
 class QBoxLayout;
@@ -31,7 +25,6 @@ struct SMakerTerms {
     const char* notStoredAtClosing;  ///< the same when the form closes
     MGlobal::Document document;      ///< that holds the list
     const char* writeFailure;        ///< warning when the document can't be saved
-    int nameLength;                  ///< characters at most, 0 for no limit
 };
 
 /// The checks that an item must pass. All of them run, and each that fails says so where messages are asked for.
@@ -52,17 +45,18 @@ class CValidation {
 ///
 /// A maker supplies its terms, its controls and the hooks below; `FMakerOf` fills in those that only depend on the
 /// class of the item. An item that was edited is offered for storing before another takes its place, and at closing.
-class FMaker : public CForm {
+class FMaker : public FEditForm {
   public:
     explicit FMaker(const SMakerTerms& terms);
 
   protected:
+    /// Values of `EditState`.
     enum EditStates : std::int16_t {
         Unchanged = 0,
         Edited = 1,      ///< since the item was last stored
         ListChanged = 2  ///< and the file isn't written yet
     };
-    enum Commands { New, AddToDb, Modify, ViewList, Delete, SaveChanges };
+    enum Commands { New, AddToDb, Modify, ViewList, Delete };
 
     // What every maker has of its own.
 
@@ -75,7 +69,6 @@ class FMaker : public CForm {
     virtual void cmdNew_Click() = 0;
     virtual void ShowList(FArmyRoster& viewer) = 0;
     virtual bool ShowSelector(FSelector& selector) = 0;
-    virtual const std::string& DocumentFile() const = 0;
     virtual bool WriteDocument() const = 0;
 
     // What a maker may vary.
@@ -114,22 +107,10 @@ class FMaker : public CForm {
     QBoxLayout& Work() { return *work_; }
 
     void Form_Load() override;
-    void Form_Activate() override;
     bool QueryUnload() override;
-    void ClosingFailed() override;
-    void Form_Unload() override { GuiHandler.reset(); }
-    void MouseMove(IControl* control) override { GuiHandler->FollowPointer(control); }
 
-    bool Loading = false;    ///< the form writes into its own controls, whose events then count for nothing
     std::string SourceName;  ///< name or key of the stored record that the item stems from; empty for a new item
-    std::int16_t EditState = Unchanged;
-    std::unique_ptr<CVDGuiHandler> GuiHandler;
 
-    CMenuPanel Menu{this};
-    QXLabel lblName{this, "lblName"};
-    QXTextEdit tedName{this, "tedName"};
-    QXLabel lblDescr{this, "lblDescr"};
-    QXTextEdit tedDescr{this, "tedDescr"};
     QXFrame frmPointCost{this, "frmPointCost"};
     QXTextEdit tedPointCost{this, "tedPointCost"};
     QXColorButton cmdPrev{this, "cmdPrev"};
@@ -145,8 +126,8 @@ class FMaker : public CForm {
     void WalkNext();
     void WalkPrev();
     void Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count));
-    void tedName_Change();
-    void tedDescr_Change();
+    void SetItemName(const std::string& name) override { Item().SetName(name); }
+    void SetItemDescr(const std::string& descr) override { Item().SetDescr(descr); }
     void cmdAddToDb_Click();
     void cmdModify_Click();
     void cmdViewList_Click();

@@ -8,8 +8,8 @@
 
 class CUnitList;
 
-/// Terms of a maker in the army list, which calls a squad a unit too. `nameLength` is 0 for no limit.
-constexpr SMakerTerms UnitTerms(const char* formName, const char* caption, int nameLength) {
+/// Terms of a maker in the army list, which calls a squad a unit too.
+constexpr SMakerTerms UnitTerms(const char* formName, const char* caption) {
     return {
         .formName = formName,
         .caption = caption,
@@ -20,7 +20,6 @@ constexpr SMakerTerms UnitTerms(const char* formName, const char* caption, int n
         .notStoredAtClosing = "The current unit data is not complete/valid, it CANNOT be saved to the database.",
         .document = MGlobal::ArmyListDocument,
         .writeFailure = "Error while saving army list.",
-        .nameLength = nameLength,
     };
 }
 

@@ -67,7 +67,7 @@ std::string WeaponFacts(std::string heading, const CWeapon& weapon) {
 
 }  // namespace
 
-FUnitMaker::FUnitMaker() : FMakerOf(UnitTerms("FUnitMaker", "Unit Maker", 50), CGenUnit::Single) {
+FUnitMaker::FUnitMaker() : FMakerOf(UnitTerms("FUnitMaker", "Unit Maker"), CGenUnit::Single) {
     for (int type = 0; type < optUnit.Size(); ++type) {
         optUnit[type].SetCaption(kTypeCaptions.at(static_cast<std::size_t>(type)));
         optUnit[type].SetControlGroup("optUnit");
@@ -345,7 +345,7 @@ void FUnitMaker::cmdAddItem_Click() {
         }
         item->Clone(*(accessory ? StoredAccessories() : StoredWeapons()).Share(lstEquipment.Text()));
         WorkItem->AddItem(item);
-        if (!Loading) EditState = Edited;
+        MarkEdited();
     }
     ShowItem();
 }
@@ -353,7 +353,7 @@ void FUnitMaker::cmdAddItem_Click() {
 void FUnitMaker::cmdRemoveItem_Click() {
     if (lstUnitEquipment.ListIndex() >= 0) {
         WorkItem->RemoveItem(lstUnitEquipment.ListIndex() + 1);
-        if (!Loading) EditState = Edited;
+        MarkEdited();
     }
     ShowItem();
 }

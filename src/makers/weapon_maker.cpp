@@ -26,7 +26,6 @@ constexpr SMakerTerms kTerms = {
     .notStoredAtClosing = "The current weapon data is not complete/valid, it CANNOT be saved to the database.",
     .document = MGlobal::EquipmentDocument,
     .writeFailure = "Error while writing equipment tables.",
-    .nameLength = 50,
 };
 
 // Attack types exclude each other; the last option stands for none of them.

@@ -100,7 +100,7 @@ TEST_F(ArmyListTest, FieldsAndCommandsCountAtClosingAlone) {
                       Click(form_, "cmdMenu(1)");
                   }},
                  {"delete all", [this] {
-                      ExpectQuestion("Are you sure you want to remove all the units from the army?", BoxAnswer::Yes);
+                      ExpectQuestion("Are you sure you want to remove all the units from the army list?", BoxAnswer::Yes);
                       Click(form_, "cmdMenu(0)");
                       EXPECT_EQ(Count(), 0);
                       EXPECT_EQ(Listed(), "Units in Army List (0 listed)");

@@ -325,7 +325,7 @@ TEST_F(MakerFrameTest, ClosingOffersAnEditedItem) {
 constexpr const char* kNotStored = "Not stored.";
 constexpr const char* kNotClosed = "Not stored at closing.";
 constexpr SMakerTerms kUnitTerms = {
-    "FStubMaker", "Units", "unit", "", "", kNotStored, kNotClosed, MGlobal::ArmyListDocument, "", 50};
+    "FStubMaker", "Units", "unit", "", "", kNotStored, kNotClosed, MGlobal::ArmyListDocument, ""};
 
 /// The least of a maker: of units that are never valid, with a walk that passes over squads.
 class FStubMaker : public FMakerOf<CUnit> {

@@ -1,0 +1,45 @@
+#include "shell/look/edit_form.h"
+
+namespace {
+
+constexpr int kNameLength = 50;
+constexpr int kDescrLength = 100;
+
+}  // namespace
+
+FEditForm::FEditForm(const char* formName, const char* caption, MGlobal::Document document)
+    : CForm(formName), document_(document) {
+    SetCaption(caption);
+    lblName.SetCaption("Name:");
+    lblDescr.SetCaption("Description:");
+    tedName.OnChange([this] { tedName_Change(); });
+    tedDescr.OnChange([this] { tedDescr_Change(); });
+}
+
+void FEditForm::Form_Load() {
+    GuiHandler = std::make_unique<CVDGuiHandler>();
+    GuiHandler->SetSkin(*this, MGlobal::SkinId());
+    Menu.ShowPictures(*GuiHandler);
+    tedName.SetMaxLength(kNameLength);
+    tedDescr.SetMaxLength(kDescrLength);
+}
+
+void FEditForm::Form_Activate() {
+    Menu.cmdMenu[SaveChanges].SetEnabled(!DocumentFile().empty());
+}
+
+bool FEditForm::QueryUnload() {
+    if (EditState != 0) SetModified(true);
+    EditState = 0;
+    return true;
+}
+
+void FEditForm::tedName_Change() {
+    SetItemName(tedName.Text());
+    MarkEdited();
+}
+
+void FEditForm::tedDescr_Change() {
+    SetItemDescr(tedDescr.Text());
+    MarkEdited();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "controls/form.h"
+#include "controls/label.h"
+#include "controls/text_edit.h"
+#include "core/state/global.h"
+#include "shell/look/gui_handler.h"
+#include "shell/look/menu_panel.h"
+
+/// What makers and composers have in common: the menu panel, the name and the description of what they edit, and the
+/// working document that a change belongs to. A form that closes with a change in hand marks its document as modified.
+class FEditForm : public CForm {
+  public:
+    FEditForm(const char* formName, const char* caption, MGlobal::Document document);
+
+  protected:
+    enum { SaveChanges = CMenuPanel::kCommands - 1 };  ///< the command that needs a file
+
+    /// File of the document; empty for none yet.
+    virtual const std::string& DocumentFile() const = 0;
+    virtual void SetItemName(const std::string& name) = 0;
+    virtual void SetItemDescr(const std::string& descr) = 0;
+
+    void Form_Load() override;
+    void Form_Activate() override;
+    bool QueryUnload() override;
+    void ClosingFailed() override { SetModified(true); }
+    void Form_Unload() override { GuiHandler.reset(); }
+    void MouseMove(IControl* control) override { GuiHandler->FollowPointer(control); }
+
+    void SetModified(bool modified) { MGlobal::SetFileModified(document_, modified); }
+    /// The user has changed something; what the form itself writes into its controls doesn't count.
+    void MarkEdited() {
+        if (!Loading) EditState = 1;
+    }
+
+    bool Loading = false;        ///< the form writes into its own controls, whose events then count for nothing
+    std::int16_t EditState = 0;  ///< 0 as long as nothing was changed
+    std::unique_ptr<CVDGuiHandler> GuiHandler;
+
+    CMenuPanel Menu{this};
+    QXLabel lblName{this, "lblName"};
+    QXTextEdit tedName{this, "tedName"};
+    QXLabel lblDescr{this, "lblDescr"};
+    QXTextEdit tedDescr{this, "tedDescr"};
+
+  private:
+    void tedName_Change();
+    void tedDescr_Change();
+
+    MGlobal::Document document_;
+};
