@@ -55,6 +55,12 @@ void FSquadComposer::LoadItem() {
     ShowItem();
 }
 
+// The window's X takes no focus from the editor, so a quantity may still be in it.
+bool FSquadComposer::QueryUnload() {
+    Picker.lstTarget.EndEditing();
+    return FMakerOf::QueryUnload();
+}
+
 bool FSquadComposer::ValidateItem(bool messages) {
     CValidation check(messages);
     check.Require(!WorkItem->Name().empty(), kNoUnitName);

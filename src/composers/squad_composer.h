@@ -15,6 +15,7 @@ class FSquadComposer : public FMakerOf<CMultUnit, FUnitListMaker> {
 
   protected:
     void LoadItem() override;
+    bool QueryUnload() override;
     bool ValidateItem(bool messages) override;
     void ShowItem() override;
     void ShowWalked() override;

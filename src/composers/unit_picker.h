@@ -104,10 +104,10 @@ class CUnitPicker : public CUnitPickerBase {
     }
     void cmdRemoveUnit_Click() { Remove(lstTarget.ListIndex()); }
     void cmdUnitMoveUp_Click() {
-        if (lstTarget.CanMoveUp()) MoveRow(picking_.target().ShiftObjUp(lstTarget.ListIndex() + 1));
+        if (lstTarget.CanMoveUp()) MoveRow(picking_.target().MoveUp(lstTarget.ListIndex() + 1));
     }
     void cmdUnitMoveDown_Click() {
-        if (lstTarget.CanMoveDown()) MoveRow(picking_.target().ShiftObjDown(lstTarget.ListIndex() + 1));
+        if (lstTarget.CanMoveDown()) MoveRow(picking_.target().MoveDown(lstTarget.ListIndex() + 1));
     }
     // The list follows a shift of the selected entry to `position`; 0 is a shift that moved nothing.
     void MoveRow(std::int32_t position) {

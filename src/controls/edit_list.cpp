@@ -56,7 +56,6 @@ QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) 
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed |
                     QAbstractItemView::AnyKeyPressed);
@@ -129,6 +128,14 @@ void QXEditList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
     const int row = std::exchange(edited_, -1);
     if (row >= 0 && edit_) {
         RaiseByUser([edit = edit_, row] { edit(row); });
+    }
+}
+
+void QXEditList::EndEditing() {
+    if (!Editing()) return;
+    if (auto* editor = findChild<QLineEdit*>(QStringLiteral("tag"))) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
     }
 }
 

@@ -31,6 +31,8 @@ class QXEditList : public CListControl<QTreeWidget> {
     void SetLocked(bool locked) { locked_ = locked; }
     /// The editor of a tag is open.
     bool Editing() const { return state() == QAbstractItemView::EditingState; }
+    /// Takes what the open editor holds, as when it is left.
+    void EndEditing();
     int RowHeight() const { return rowHeight_; }
     void SetRowHeight(int pixels) { Change(rowHeight_, pixels); }
 

@@ -292,7 +292,7 @@ QAction& CForm::AddMenuEntry(QMenu& menu, const char* name, std::string_view cap
 // While a handler of the form runs, it is busy with another window; only the desktop's end of the session asks then. It
 // would work on after the closing steps, and what it does would be lost.
 void CForm::closeEvent(QCloseEvent* event) {
-    if (depth_ > 0 && !inert_) {
+    if (InHandler()) {
         event->ignore();
         return;
     }
@@ -301,7 +301,7 @@ void CForm::closeEvent(QCloseEvent* event) {
 }
 
 void CForm::reject() {
-    if (loaded_) Enter([this] { CloseRequest(); });
+    if (loaded_ && !InHandler()) Enter([this] { CloseRequest(); });
 }
 
 void CForm::resizeEvent(QResizeEvent* event) {

@@ -115,6 +115,7 @@ class CForm : public QDialog {
     void RunLoop();
     void Activate();
     void Enter(const std::function<void()>& handler);
+    bool InHandler() const { return depth_ > 0 && !inert_; }
     void RouteMove(QWidget* widget, const QPointF& position);
     void ColourMenuBar();
 

@@ -201,9 +201,10 @@ void FUnitMaker::ShowItem() {
     tedName.SetText(WorkItem->Name());
     tedDescr.SetText(WorkItem->Descr());
     const std::int32_t type = WorkItem->UnitType();
-    optUnit[type].SetValue(true);
+    const bool known = type >= 0 && type < optUnit.Size();  // a file may hold any other
+    if (known) optUnit[type].SetValue(true);
     ClearControlGroup(*this, "optUnit", "optUnit", type);
-    imgUnit.SetPicture(GuiHandler->GUIImg(type + kFirstUnitPicture));
+    imgUnit.SetPicture(known ? GuiHandler->GUIImg(type + kFirstUnitPicture) : nullptr);
     imgUnit.SetVisible(imgUnit.Picture() != nullptr);
     ShowStats();
     lstUnitEquipment.Clear();
@@ -359,12 +360,12 @@ void FUnitMaker::cmdRemoveItem_Click() {
 }
 
 void FUnitMaker::cmdItemMoveUp_Click() {
-    if (lstUnitEquipment.CanMoveUp()) MoveRow(WorkItem->EqList().ShiftObjUp(lstUnitEquipment.ListIndex() + 1));
+    if (lstUnitEquipment.CanMoveUp()) MoveRow(WorkItem->EqList().MoveUp(lstUnitEquipment.ListIndex() + 1));
     UpdateItemButtons();
 }
 
 void FUnitMaker::cmdItemMoveDown_Click() {
-    if (lstUnitEquipment.CanMoveDown()) MoveRow(WorkItem->EqList().ShiftObjDown(lstUnitEquipment.ListIndex() + 1));
+    if (lstUnitEquipment.CanMoveDown()) MoveRow(WorkItem->EqList().MoveDown(lstUnitEquipment.ListIndex() + 1));
     UpdateItemButtons();
 }
 
@@ -379,8 +380,6 @@ void FUnitMaker::cmdSpecialProps_Click() {
     FUnitSpecialProps dialog;
     dialog.ShowUnit(*WorkItem);
     if (dialog.OK()) {
-        // A unit that can't be priced is an error, and it comes before any of it has been taken over.
-        dialog.Unit()->CalculatePointCost();
         WorkItem->Clone(*dialog.Unit());
         EditState = Edited;
     }

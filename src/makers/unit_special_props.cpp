@@ -224,6 +224,7 @@ void FUnitSpecialProps::cmdOK_Click() {
         MPlatform::ShowWarning("A vehicle must have space for at least one crew member.");
         return;
     }
+    unit_->CalculatePointCost();  // what can't be priced is an error here, where it can still be put right
     ok_ = true;
     Hide();
 }

@@ -135,11 +135,11 @@ TEST_F(UnitMakerTest, ShowsTheCostOfEveryChoice) {
     DoAll("; tedOfficerBonus=2 cmdOK");
     Pick("lstEquipment", 2, true);
     EXPECT_EQ(Text("tedPointCost"), "38");  // (9 + 10) x 2
-    // A crew that can't be priced, at 4 points a place, is told twice and not taken.
+    // A crew that can't be priced, at 4 points a place, is told, and told again at OK.
     Open<FUnitMaker>();
     for (int times = 0; times < 2; ++times)
         Expect(BoxKind::Critical, "Run-time error '6':\r\n\r\nOverflow");
-    DoAll("optUnit(1) ; tedCrewNumber(1)=9000 cmdOK");
+    DoAll("optUnit(1) ; tedCrewNumber(1)=9000 cmdOK cmdCancel");
     Do("tedStat(0)=11");
     EXPECT_EQ(Text("tedPointCost"), "8");
 }

@@ -100,6 +100,15 @@ class CKeyedList {
     std::int32_t ShiftObjDown(std::int32_t position) { return position < Count() ? Shift(position, position + 1) : 0; }
     std::int32_t ShiftObjDown(std::string_view key) { return ShiftObjDown(GetIndex(key)); }
 
+    /// The same shifts for lists in which elements share names: the element goes without its Key, which it has again
+    /// afterwards, and so meets no other.
+    std::int32_t MoveUp(std::int32_t position) {
+        return WithoutKey(position, [&] { return ShiftObjUp(position); });
+    }
+    std::int32_t MoveDown(std::int32_t position) {
+        return WithoutKey(position, [&] { return ShiftObjDown(position); });
+    }
+
     bool WriteInfo(CProfile* profile, const std::string& section) const {
         return Trap([&] {
             if (profile == nullptr || !profile->WriteProfile(section, "ENTRY", tag_) ||
@@ -203,6 +212,17 @@ class CKeyedList {
             moved = to;
             return true;
         });
+        return moved;
+    }
+
+    template <class TShift>
+    std::int32_t WithoutKey(std::int32_t position, const TShift& shift) {
+        if (!Exists(position)) return 0;
+        const ItemPtr item = Share(position);
+        const std::string key = item->Key();
+        item->SetKey("");
+        const std::int32_t moved = shift();
+        item->SetKey(key);
         return moved;
     }
 
