@@ -2,29 +2,18 @@
 
 #include <gtest/gtest.h>
 
-TEST(AnsiQt, AllByteValuesSurviveTheTrip) {
+TEST(AnsiQt, AllByteValuesSurviveTheTripAndOtherCharactersBecomeQuestionMarks) {
     std::string all;
     for (int code = 0; code < 256; ++code)
         all += static_cast<char>(code);
-    EXPECT_EQ(FromAnsi(all).size(), 256);
     EXPECT_EQ(ToAnsi(FromAnsi(all)), all);
-    EXPECT_EQ(FromAnsi("\x80\xFF"), QStringLiteral(u"\u20AC\u00FF"));
-}
-
-TEST(AnsiQt, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
     EXPECT_EQ(ToAnsi(QStringLiteral(u"\u0141\u20ACx\U0001F600!")), "?\x80x?!");
 }
 
 TEST(AnsiQt, EveryPathSurvivesTheTrip) {
-    const std::string paths[] = {
-        "",
-        "/home/a b/r\xC3\xA9sum\xC3\xA9.v2l",  // UTF-8
-        "/old/\xE9\xFF.v2l",                   // Latin-1
-        "\xEF\xBB\xBF/bom",
-        "\xED\xA0\x80\xC0\xAF\xF5",       // a surrogate, an overlong form, too large
-        "\xF0\x9F\x98\x80 end \xF0\x9F",  // a whole and a broken four-byte sequence
-    };
-    for (const std::string& path : paths)
+    // UTF-8 and Latin-1; a mark of order, a surrogate, an overlong form, too large; a whole and a broken sequence.
+    for (const char* path : {"", "/home/a b/r\xC3\xA9sum\xC3\xA9.v2l", "/old/\xE9\xFF.v2l",
+                             "\xEF\xBB\xBF/\xED\xA0\x80\xC0\xAF\xF5", "\xF0\x9F\x98\x80 end \xF0\x9F"})
         EXPECT_EQ(ToPath(FromPath(path)), path);
 }
 

@@ -5,115 +5,81 @@
 #include "controls/color_button.h"
 #include "controls/control_array.h"
 #include "controls/control_utils.h"
-#include "controls/img_button.h"
 #include "support/form_driver.h"
 #include "support/scripted_platform.h"
 
 namespace {
 
-struct FButtons : CForm {
-    FButtons() : CForm("FButtons") { resize(300, 300); }
-    QXColorButton cmdGo{this, "cmdGo"};
-    QXColorButton chkFlying{this, "chkFlying"};
-    QXColorButton cmdSkin{this, "cmdSkin"};
-    CControlArray<QXColorButton, 3> optFilter{this, "optFilter"};
-    QXImgButton optOther{this, "optOther"};
+class Buttons : public testing::Test {
+  protected:
+    CScriptedPlatform platform;
+    CForm form{"FButtons"};
+    QXColorButton cmdGo{&form, "cmdGo"};
+    QXColorButton chkFlying{&form, "chkFlying"};
+    QXColorButton cmdSkin{&form, "cmdSkin"};
+    CControlArray<QXColorButton, 3> optFilter{&form, "optFilter"};
 };
 
-}  // namespace
-
-TEST(Buttons, ClickTogglesHoldsOrLeavesTheValue) {
-    struct {
-        const char* name;
-        bool afterOne;
-        bool afterTwo;
-    } const cases[] = {
-        {"cmdGo", false, false}, {"chkFlying", true, false}, {"cmdSkin", true, false}, {"optFilter(1)", true, true}};
-    CScriptedPlatform platform;
-    FButtons form;
+TEST_F(Buttons, ClickTogglesHoldsOrLeavesTheValue) {
     form.ShowNonModal();
-    for (const auto& test : cases) {
-        auto& button = MFormDriver::Get<QXColorButton>(form, QString::fromLatin1(test.name));
+    for (const auto& [button, afterOne, afterTwo] : {std::tuple(&cmdGo, false, false),
+                                                     {&chkFlying, true, false},
+                                                     {&cmdSkin, true, false},
+                                                     {&optFilter[1], true, true}}) {
+        const QString name = button->objectName();
+        SCOPED_TRACE(name.toStdString());
         int clicks = 0;
-        button.OnClick([&] { ++clicks; });
-        MFormDriver::Click(form, button.objectName());
-        EXPECT_EQ(button.Value(), test.afterOne) << test.name;
-        MFormDriver::Click(form, button.objectName());
-        EXPECT_EQ(button.Value(), test.afterTwo) << test.name;
-        EXPECT_EQ(clicks, 2) << test.name;
-        button.SetValue(!button.Value());
-        button.SetEnabled(false);
-        MFormDriver::Click(form, button.objectName());
-        EXPECT_EQ(clicks, 2) << test.name << ": neither code nor a click while disabled is a click";
+        button->OnClick([&] { ++clicks; });
+        MFormDriver::Click(form, name);
+        EXPECT_EQ(button->Value(), afterOne);
+        MFormDriver::Click(form, name);
+        EXPECT_EQ(button->Value(), afterTwo);
+        EXPECT_EQ(clicks, 2);
+        button->SetValue(!button->Value());
+        button->SetEnabled(false);
+        MFormDriver::Click(form, name);
+        EXPECT_EQ(clicks, 2) << "neither code nor a click while disabled is a click";
     }
 }
 
-TEST(Buttons, ClearControlGroupSparesTheNamedElementAlone) {
-    CScriptedPlatform platform;
-    FButtons form;
-    for (int i = 0; i < 3; ++i)
-        form.optFilter[i].SetControlGroup("group");
-    form.optOther.SetControlGroup("group");
-    form.chkFlying.SetControlGroup("Group");
-    const auto allOn = [&] {
-        for (int i = 0; i < 3; ++i)
-            form.optFilter[i].SetValue(true);
-        for (QXColorButton* button : {static_cast<QXColorButton*>(&form.optOther), &form.chkFlying})
+TEST_F(Buttons, ClearControlGroupSparesTheNamedElementAlone) {
+    QXColorButton* const buttons[] = {&optFilter[0], &optFilter[1], &cmdSkin, &chkFlying};
+    for (QXColorButton* button : buttons)
+        button->SetControlGroup(button == &chkFlying ? "Group" : "group");
+    for (const auto& [name, index, left] : {std::tuple("optFilter", 1, "0101"),
+                                            {"optFilter", 9, "0001"},
+                                            {"cmdSkin", -1, "0011"},
+                                            {"optfilter", 1, "0001"}}) {
+        for (QXColorButton* button : buttons)
             button->SetValue(true);
-    };
-    const auto on = [&] {
-        std::string values;
-        for (int i = 0; i < 3; ++i)
-            values += form.optFilter[i].Value() ? '1' : '0';
-        return values + (form.optOther.Value() ? '1' : '0') + (form.chkFlying.Value() ? '1' : '0');
-    };
-    struct {
-        const char* name;
-        int index;
-        const char* left;
-    } const cases[] = {
-        {"optFilter", 1, "01001"}, {"optFilter", 9, "00001"}, {"optOther", -1, "00011"}, {"optfilter", 1, "00001"}};
-    for (const auto& test : cases) {
-        allOn();
-        MQXBaseGUIControlsUtils::ClearControlGroup(form, "group", test.name, test.index);
-        EXPECT_EQ(on(), test.left) << test.name << test.index;
+        MQXBaseGUIControlsUtils::ClearControlGroup(form, "group", name, index);
+        std::string on;
+        for (const QXColorButton* button : buttons)
+            on += button->Value() ? '1' : '0';
+        EXPECT_EQ(on, left) << name << index;
     }
-    EXPECT_TRUE(MQXBaseGUIControlsUtils::HasIndex(form.optFilter[0]));
-    EXPECT_FALSE(MQXBaseGUIControlsUtils::HasIndex(form.cmdGo));
-    EXPECT_THROW(form.cmdGo.Index(), CRuntimeError);
-    EXPECT_THROW(form.optFilter[3], CRuntimeError);
+    EXPECT_THROW(cmdGo.Index(), CRuntimeError);
+    EXPECT_THROW(optFilter[3], CRuntimeError);
 }
 
-TEST(Buttons, ScreenReadersFindRoleNameAndState) {
-    CScriptedPlatform platform;
-    FButtons form;
-    form.cmdGo.SetCaption("\xE8");
-    form.cmdGo.SetFontName("Wingdings");
-    form.chkFlying.SetCaption("Flyer");
-    form.chkFlying.SetValue(true);
-    form.optFilter[0].SetCaption("R&D");
-    struct {
-        QWidget* widget;
-        const char* name;
-        QAccessible::Role role;
-        bool checked;
-    } const cases[] = {{&form.cmdGo, "Next", QAccessible::Button, false},
-                       {&form.chkFlying, "Flyer", QAccessible::CheckBox, true},
-                       {&form.optFilter[0], "R&D", QAccessible::RadioButton, false}};
-    for (const auto& test : cases) {
-        const QAccessibleInterface* found = QAccessible::queryAccessibleInterface(test.widget);
-        ASSERT_NE(found, nullptr);
-        EXPECT_EQ(found->text(QAccessible::Name), QString::fromLatin1(test.name));
-        EXPECT_EQ(found->role(), test.role) << test.name;
-        EXPECT_EQ(found->state().checked, test.checked) << test.name;
+TEST_F(Buttons, ScreenReadersFindRoleNameAndState) {
+    cmdGo.SetArrow("\xE8");
+    chkFlying.SetCaption("Flyer");
+    chkFlying.SetValue(true);
+    optFilter[0].SetCaption("R&D");
+    for (const auto& [widget, name, role, checked] : {std::tuple(&cmdGo, "Next", QAccessible::Button, false),
+                                                      {&chkFlying, "Flyer", QAccessible::CheckBox, true},
+                                                      {&optFilter[0], "R&D", QAccessible::RadioButton, false}}) {
+        const QAccessibleInterface* found = QAccessible::queryAccessibleInterface(widget);
+        EXPECT_EQ(found->text(QAccessible::Name).toStdString(), name);
+        EXPECT_EQ(found->role(), role) << name;
+        EXPECT_EQ(found->state().checked, checked) << name;
     }
 }
 
 // The selected Sci-Fi caption, green on light blue, is outlined; without the outline no pixel would be dark.
-TEST(Buttons, CaptionThatIsHardToReadGetsADarkOutline) {
-    CScriptedPlatform platform;
-    FButtons form;
-    QXColorButton& button = form.optFilter[0];
+TEST_F(Buttons, CaptionThatIsHardToReadGetsADarkOutline) {
+    QXColorButton& button = optFilter[0];
     button.SetCaption("Automatic Fire");
     button.SetSelectedColor(0xff8080);
     button.SetSelectedForeColor(0x00ff00);
@@ -121,9 +87,9 @@ TEST(Buttons, CaptionThatIsHardToReadGetsADarkOutline) {
     button.resize(160, 35);
     const QImage image = button.grab().toImage();
     int dark = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            dark += image.pixelColor(x, y).lightness() < 60 ? 1 : 0;
-    }
+    for (int i = 0; i < 160 * 35; ++i)
+        dark += image.pixelColor(i % 160, i / 160).lightness() < 60 ? 1 : 0;
     EXPECT_GT(dark, 100);
 }
+
+}  // namespace

@@ -1,7 +1,5 @@
 #include "controls/qt_platform.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
@@ -10,13 +8,12 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QScreen>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <fstream>
+#include <optional>
 
 #include "controls/print_job.h"
+#include "support/core_test.h"
 
 namespace {
 
@@ -31,179 +28,115 @@ void WhileUp(Step step) {
     });
 }
 
-}  // namespace
-
 TEST(QtPlatform, BoxesHaveTheirIconTheirButtonsAndTheirEscape) {
-    struct {
-        BoxKind kind;
-        BoxButtons buttons;
-        QMessageBox::Icon icon;
-        int count;
-        bool dismissible;
-        Qt::Key key;
-        BoxAnswer answer;
-    } const cases[] = {
-        {BoxKind::Plain, BoxButtons::Ok, QMessageBox::NoIcon, 1, false, Qt::Key_Return, BoxAnswer::Ok},
-        {BoxKind::Critical, BoxButtons::Ok, QMessageBox::Critical, 1, false, Qt::Key_Return, BoxAnswer::Ok},
-        {BoxKind::Warning, BoxButtons::OkCancel, QMessageBox::Warning, 2, true, Qt::Key_Escape, BoxAnswer::Cancel},
-        {BoxKind::Question, BoxButtons::OkCancel, QMessageBox::Question, 2, true, Qt::Key_Return, BoxAnswer::Ok},
-        {BoxKind::Question, BoxButtons::YesNo, QMessageBox::Question, 2, false, Qt::Key_Return, BoxAnswer::Yes},
-        {BoxKind::Information, BoxButtons::YesNoCancel, QMessageBox::Information, 3, true, Qt::Key_Escape,
-         BoxAnswer::Cancel},
-    };
+    using enum BoxButtons;
     CQtPlatform platform;
-    for (const auto& test : cases) {
-        WhileUp<QMessageBox>([&test](QMessageBox& box) {
+    for (const auto& [kind, buttons, icon, count, answer] :
+         {std::tuple(BoxKind::Plain, Ok, QMessageBox::NoIcon, 1, BoxAnswer::Ok),
+          {BoxKind::Warning, OkCancel, QMessageBox::Warning, 2, BoxAnswer::Cancel},
+          {BoxKind::Question, YesNo, QMessageBox::Question, 2, BoxAnswer::Yes},
+          {BoxKind::Critical, YesNoCancel, QMessageBox::Critical, 3, BoxAnswer::Cancel}}) {
+        WhileUp<QMessageBox>([icon = icon, count = count, answer = answer](QMessageBox& box) {
             EXPECT_EQ(box.text(), QStringLiteral(u"<b>\u20AC</b>\nline"));
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.windowTitle(), QStringLiteral("VdTools2"));
-            EXPECT_EQ(box.icon(), test.icon);
-            EXPECT_EQ(box.buttons().size(), test.count);
-            if (!test.dismissible) {
-                QTest::keyClick(&box, Qt::Key_Escape);
-                box.close();
-                EXPECT_TRUE(box.isVisible());
-            }
-            QTest::keyClick(&box, test.key);
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.buttons().size(), count);
+            QTest::keyClick(&box, Qt::Key_Escape);
+            EXPECT_EQ(box.isVisible(), answer != BoxAnswer::Cancel);
+            if (!box.isVisible()) return;
+            box.close();
+            EXPECT_TRUE(box.isVisible()) << "dismissed without a Cancel button";
+            QTest::keyClick(&box, Qt::Key_Return);
         });
-        EXPECT_EQ(platform.ShowBox(test.kind, test.buttons, "<b>\xE2\x82\xAC</b>\r\nline"), test.answer);
+        EXPECT_EQ(platform.ShowBox(kind, buttons, "<b>\xE2\x82\xAC</b>\r\nline"), answer);
     }
 }
 
-TEST(QtPlatform, LongBoxKeepsItsButtonsOnTheScreen) {
-    CQtPlatform platform;
-    std::string text = "Not found:";
-    for (int i = 0; i < 3000; ++i)
-        text += "\r\nItem " + std::to_string(i);
-    WhileUp<QMessageBox>([](QMessageBox& box) {
-        EXPECT_LT(box.height(), 600);
-        box.done(QMessageBox::Ok);
-    });
-    EXPECT_EQ(platform.ShowBox(BoxKind::Warning, BoxButtons::Ok, text), BoxAnswer::Ok);
-}
-
-TEST(QtPlatform, BusyPointerStandsBackForABox) {
+TEST(QtPlatform, LongBoxKeepsItsButtonsOnTheScreenAndTheBusyPointerStandsBack) {
     CQtPlatform platform;
     platform.SetBusyPointer(true);
+    std::string text;
+    for (int i = 0; i < 3000; ++i)
+        text += "Item\r\n";
     WhileUp<QMessageBox>([](QMessageBox& box) {
+        EXPECT_LT(box.height(), 600);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        box.done(QMessageBox::Ok);
+        box.done(QMessageBox::No);
     });
-    platform.ShowBox(BoxKind::Plain, BoxButtons::Ok, "x");
+    EXPECT_EQ(platform.ShowBox(BoxKind::Question, BoxButtons::YesNo, text), BoxAnswer::No);
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
     platform.SetBusyPointer(false);
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST(QtPlatform, FileDialogTakesItsSettings) {
-    const QTemporaryDir folder;
-    const std::string root = folder.path().toStdString();
-    std::ofstream(root + "/there.v2l");
-    struct {
-        bool save;
-        std::uint32_t flags;
-        std::string offered;
-        const char* typed;
-        bool accepted;
-        std::string result;
-    } const cases[] = {
-        {false, CFileDialog::OverwritePrompt, "", "new", true, root + "/new.v2l"},  // a new name passes
-        {false, CFileDialog::FileMustExist, "", "there.v2l", true, root + "/there.v2l"},
-        {true, 0, "", "there.v2l", true, root + "/there.v2l"},  // asked about by the form, not by the dialog
-        {true, 0, root + "/there.v2l", nullptr, true, root + "/there.v2l"},
-        {true, 0, "a/b.html", nullptr, false, "a/b.html"},  // Cancel keeps the name
-    };
-    CQtPlatform platform;
-    for (const auto& test : cases) {
-        CFileDialog dialog;
-        dialog.Filter = "Image Files (*.jpg;*.v2l))|*.jpg;*.V2L|";
-        dialog.DefaultExt = "*.v2l";
-        dialog.InitDir = test.offered.empty() || test.offered[0] != '/' ? root : "/";
-        dialog.FileName = test.offered;
-        dialog.Flags = test.flags;
-        WhileUp<QFileDialog>([&](QFileDialog& window) {
-            EXPECT_EQ(window.windowTitle(), QString::fromLatin1(test.save ? "Save As" : "Open"));
-            EXPECT_EQ(window.nameFilters(), QStringList{QStringLiteral("Image Files (*.jpg *.V2L)")});
-            EXPECT_EQ(window.directory().absolutePath(), folder.path());
-            auto* field = window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            ASSERT_NE(field, nullptr);
-            EXPECT_EQ(field->text(), test.offered == "a/b.html" ? QStringLiteral("a/b.html")
-                                     : test.offered.empty()     ? QString()
-                                                                : QStringLiteral("there.v2l"));
-            if (test.typed != nullptr) field->setText(QString::fromLatin1(test.typed));
-            if (test.accepted) {
-                QMetaObject::invokeMethod(&window, "accept");
-            } else {
-                window.reject();
-            }
-            EXPECT_FALSE(window.isVisible());
-        });
-        EXPECT_EQ(test.save ? platform.ShowSave(dialog) : platform.ShowOpen(dialog), test.accepted);
-        EXPECT_EQ(dialog.FileName, test.result);
+class FileDialog : public CoreTest {
+  protected:
+    FileDialog() {
+        Save(there_, "");
+        dialog_.Filter = "Image Files (*.jpg;*.v2l))|*.jpg;*.V2L|";
+        dialog_.DefaultExt = "*.v2l";
+        dialog_.InitDir = folder_.Path();
+    }
+    bool Show(bool save, const std::function<void(QFileDialog& window, QLineEdit& name)>& step) {
+        WhileUp<QFileDialog>(
+            [&](QFileDialog& window) { step(window, *window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))); });
+        return save ? qt_.ShowSave(dialog_) : qt_.ShowOpen(dialog_);
+    }
+    const std::string there_ = "<b>there.v2l";
+    CQtPlatform qt_;
+    CFileDialog dialog_;
+};
+
+TEST_F(FileDialog, TakesItsSettingsAndKeepsTheNameOnCancel) {
+    for (const bool fullPath : {true, false}) {
+        dialog_.FileName = fullPath ? folder_ / there_ : "a/b.html";
+        if (fullPath) dialog_.InitDir = "/";  // which the path wins over
+        const std::string offered = dialog_.FileName;
+        EXPECT_FALSE(Show(fullPath, [&](QFileDialog& window, QLineEdit& name) {
+            EXPECT_EQ(window.windowTitle().toStdString(), fullPath ? "Save As" : "Open");
+            EXPECT_EQ(window.nameFilters(), QStringList{"Image Files (*.jpg *.V2L)"});
+            EXPECT_EQ(window.directory().absolutePath().toStdString(), fullPath ? folder_.Path() : "/");
+            EXPECT_EQ(name.text().toStdString(), fullPath ? there_ : offered);
+            window.reject();
+        }));
+        EXPECT_EQ(dialog_.FileName, offered);
     }
 }
 
-TEST(QtPlatform, FileDialogObjectsInPlainText) {
-    const QTemporaryDir folder;
-    const QString root = folder.path();
-    const QString there = QStringLiteral("<b>there.v2l");
-    std::ofstream(root.toStdString() + "/<b>there.v2l");
-    const auto noFolder = [&](const char* name) {
-        return root + QLatin1String(name) +
-               QStringLiteral("\nDirectory not found.\nPlease verify the correct directory name was given.");
-    };
-    const QString noFile =
-        root + QStringLiteral("/new.v2l\nFile not found.\nPlease verify the correct file name was given.");
-    const QString overwrite = there + QStringLiteral(" already exists.\nDo you want to replace it?");
+TEST_F(FileDialog, ObjectsInPlainTextOrGivesTheWholePath) {
     constexpr std::uint32_t kPath = CFileDialog::PathMustExist;
     constexpr std::uint32_t kFile = CFileDialog::FileMustExist;
     constexpr std::uint32_t kAsk = CFileDialog::OverwritePrompt;
     struct {
         bool save;
         std::uint32_t flags;
-        QString typed;
-        QString text;  // of the box; none without one
-        Qt::Key key;
-        bool accepted;
+        std::string typed, objection, result;  // the first line of what is objected
     } const cases[] = {
-        {false, kPath, QStringLiteral("none/x"), noFolder("/none"), Qt::Key_Return, false},
-        {true, kPath | kFile | kAsk, QStringLiteral("none/x"), noFolder("/none"), Qt::Key_Return, false},
-        {true, kPath, QStringLiteral("new"), QString(), Qt::Key_Return, true},
-        {true, 0, QStringLiteral("none/x"), QString(), Qt::Key_Return, true},
-        {false, kFile, QStringLiteral("new"), noFile, Qt::Key_Return, false},
-        {true, kFile | kAsk, QStringLiteral("new"), noFile, Qt::Key_Return, false},
-        {true, kFile | kAsk, there, overwrite, Qt::Key_Return, false},  // No is the default
-        {true, kAsk, there, overwrite, Qt::Key_Escape, false},
-        {true, kAsk, there, overwrite, Qt::Key_unknown, true},
-        {true, kAsk, QStringLiteral("new"), QString(), Qt::Key_Return, true},
-        {false, kFile | kAsk, there, QString(), Qt::Key_Return, true},
-        {true, kAsk, root, QString(), Qt::Key_Return, false},  // a folder is entered
+        {true, kPath | kFile | kAsk, "none/x", folder_ / "none", ""},
+        {true, 0, "none/x", "", folder_ / "none/x.v2l"},
+        {false, kFile, "new", folder_ / "new.v2l", ""},
+        {false, kAsk, there_, "", folder_ / there_},
+        {true, kFile | kAsk, there_, there_ + " already exists.", ""},  // answered by Return: No is the default
+        {true, kAsk, there_, there_ + " already exists.", folder_ / there_},
+        {true, kAsk, folder_.Path(), "", ""},  // a folder is entered
     };
-    CQtPlatform platform;
     for (const auto& test : cases) {
-        CFileDialog dialog;
-        dialog.DefaultExt = ".v2l";
-        dialog.InitDir = root.toStdString();
-        dialog.Flags = test.flags;
-        QString told;
-        WhileUp<QFileDialog>([&](QFileDialog& window) {
-            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(test.typed);
-            if (!test.text.isEmpty()) {
+        SCOPED_TRACE(test.typed + test.objection);
+        dialog_.FileName.clear();
+        dialog_.Flags = test.flags;
+        std::string told;
+        Show(test.save, [&](QFileDialog& window, QLineEdit& name) {
+            name.setText(QString::fromStdString(test.typed));
+            if (!test.objection.empty()) {
                 WhileUp<QMessageBox>([&](QMessageBox& box) {
-                    told = box.text();
+                    told = box.text().section(u'\n', 0, 0).toStdString();
                     EXPECT_EQ(box.textFormat(), Qt::PlainText);
-                    if (test.accepted) {
-                        box.button(QMessageBox::Yes)->click();
-                    } else {
-                        QTest::keyClick(&box, test.key);
-                    }
+                    test.result.empty() ? QTest::keyClick(&box, Qt::Key_Return) : box.button(QMessageBox::Yes)->click();
                 });
             }
             QMetaObject::invokeMethod(&window, "accept");
-            EXPECT_EQ(window.isVisible(), !test.accepted);
         });
-        EXPECT_EQ(test.save ? platform.ShowSave(dialog) : platform.ShowOpen(dialog), test.accepted);
-        EXPECT_EQ(told, test.text) << test.typed.toStdString();
+        EXPECT_EQ(dialog_.FileName, test.result);
+        EXPECT_EQ(told, test.objection);
     }
 }
 
@@ -214,10 +147,7 @@ TEST(QtPlatform, PrintsAfterTheDialogWasAcceptedAlone) {
     } job;
     CQtPlatform platform;
     for (const bool accept : {false, true}) {
-        WhileUp<QPrintDialog>([accept](QPrintDialog& dialog) {
-            if (accept) dialog.printer()->setOutputFileName(QDir::homePath() + QStringLiteral("/page.pdf"));
-            static_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
-        });
+        WhileUp<QPrintDialog>([accept](QPrintDialog& dialog) { static_cast<QDialog&>(dialog).done(accept); });
         EXPECT_EQ(platform.ShowPrint(job), accept);
         EXPECT_EQ(job.printed, accept ? 1 : 0);
     }
@@ -225,11 +155,11 @@ TEST(QtPlatform, PrintsAfterTheDialogWasAcceptedAlone) {
 
 TEST(QtPlatform, SecondInstanceOfTheSameFolderIsSeenUntilTheFirstHasGone) {
     CQtPlatform second;
-    {
-        CQtPlatform first;
-        EXPECT_FALSE(first.PreviousInstance());
-        EXPECT_FALSE(first.PreviousInstance());
-        EXPECT_TRUE(second.PreviousInstance());
-    }
+    std::optional<CQtPlatform> first(std::in_place);
+    EXPECT_FALSE(first->PreviousInstance() || first->PreviousInstance());
+    EXPECT_TRUE(second.PreviousInstance());
+    first.reset();
     EXPECT_FALSE(second.PreviousInstance());
 }
+
+}  // namespace
