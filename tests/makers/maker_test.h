@@ -17,6 +17,7 @@
 #include "equipment/army_tables.h"
 #include "support/core_test.h"
 #include "support/form_driver.h"
+#include "units/army_list.h"
 
 inline const std::string kNew = "cmdMenu(0)", kAddToDb = "cmdMenu(1)", kModify = "cmdMenu(2)", kViewList = "cmdMenu(3)",
                          kDelete = "cmdMenu(4)", kSave = "cmdMenu(5)";
@@ -33,17 +34,18 @@ class MakerTest : public CoreTest {
         MGlobal::Reset();
     }
 
-    /// A rifle costs 4, a mortar 12.5, which the rules round to 12; of relics nothing is known.
+    /// A rifle costs 4, a mortar 12.5, which the rules round to 12; of relics nothing is known. Infantry may carry
+    /// rifles and mortars, a vehicle mortars, both what any unit may; robots may carry nothing.
     void LoadTables(bool classes) {
         MGlobal::Reset();
-        const char* none =
-            "'#VD_VER',2,2;0,0,0;'#CU',0;'#CW',0;'#CA',0;'#CUW',0;'#CUA',0;'#CWBaP',0;'#CWRan',0;'#CWPen',0;";
-        const char* some =
-            "'#VD_VER',2,2;0,0,0;'#CU',0;'#CW',3;'Rifle';'Mortar';'Relic';'#CA',2;'Infantry';'Any Unit';"
-            "'#CUW',0;'#CUA',0;'#CWBaP',2;'Rifle','4';'Mortar','12.5';'#CWRan',0;"
-            "'#CWPen',2;'Rifle','2','3','4';'Mortar','5','8','8';";
+        const std::string rules =
+            classes ? "'#CW',3;'Rifle';'Mortar';'Relic';'#CA',2;'Infantry';'Any Unit';"
+                      "'#CUW',3;'Infantry','Rifle';'Infantry','Mortar';'Vehicle','Mortar';"
+                      "'#CUA',2;'Infantry','Any Unit';'Vehicle','Any Unit';'#CWBaP',2;'Rifle','4';'Mortar','12.5';"
+                      "'#CWRan',0;'#CWPen',2;'Rifle','2','3','4';'Mortar','5','8','8';"
+                    : "'#CW',0;'#CA',0;'#CUW',0;'#CUA',0;'#CWBaP',0;'#CWRan',0;'#CWPen',0;";
         std::string coded;
-        std::istringstream lines(classes ? some : none);
+        std::istringstream lines("'#VD_VER',2,2;0,0,0;'#CU',0;" + rules);
         for (std::string line; std::getline(lines, line, ';'); coded += MHideUtils::EncodeLine(line) + "\r\n")
             std::replace(line.begin(), line.end(), '\'', '"');
         Save("SuppData.vdx", coded);
@@ -52,12 +54,12 @@ class MakerTest : public CoreTest {
 
     static CEqList& Weapons() { return MGlobal::ArmyTables().ArmyWeapons(); }
     static CEqList& Accessories() { return MGlobal::ArmyTables().ArmyAccessories(); }
-    /// Files a new record; a key of its own hides it from those who look for its name.
-    static CEqItem& Add(CEqList& list, CEqItem::Kind kind, const std::string& name, std::string key = "") {
+    static CUnitList& Units() { return MGlobal::ArmyList().ArmyUnits(); }
+    static CEqItem& Add(CEqList& list, CEqItem::Kind kind, const std::string& name) {
         auto item = std::make_shared<CEqItem>();
         item->NewItem(kind);
         item->SetName(name);
-        EXPECT_NE(list.Add(item, key), 0);
+        EXPECT_NE(list.Add(item), 0);
         return *item;
     }
     /// A rifle that does nothing special.
@@ -70,46 +72,56 @@ class MakerTest : public CoreTest {
         weapon.SetPen(2);
         return weapon;
     }
-    /// Names and descriptions in the order of the list, each filed under its own name.
-    static std::string Rows(const CEqList& list) {
-        std::string rows;
-        for (const CEqItem& item : list) {
-            rows += item.Name() + ":" + item.Descr() + " ";
-            EXPECT_TRUE(list.Exists(item.Name()) && item.Key() == MAnsiText::UpperCase(item.Name()));
-        }
-        return rows;
+    static CGenUnit& AddUnit(const std::string& name, CGenUnit::Kind kind = CGenUnit::Single) {
+        auto unit = std::make_shared<CGenUnit>();
+        unit->NewUnit(kind);
+        unit->SetName(name);
+        Units().Add(unit);
+        return *unit;
     }
-
     template <class TForm>
     TForm& Open() {
         form_ = std::make_unique<TForm>();
         MFormDriver::Show(*form_);
         return static_cast<TForm&>(*form_);
     }
-    /// "cmdExit" clicks, "tedName=x" types over the text of a field, "cmbX=1" picks the entry of a list.
-    void Do(const std::string& action) {
-        const std::size_t sign = action.find('=');
+    /// "cmdExit" clicks, "tedName=x" types over the text of a field, "cmbX=1" picks the entry of a list, "lstX#1"
+    /// clicks its row, and "lstX##1" double clicks it.
+    static void Do(CForm& form, const std::string& action) {
+        const std::size_t sign = action.find_first_of("=#");
         const QString control = QString::fromStdString(action.substr(0, sign));
-        const std::string text = sign == std::string::npos ? "" : action.substr(sign + 1);
-        if (action.starts_with("cmb")) {
-            MFormDriver::Choose(*form_, control, std::stoi(text));
-            return;
+        const std::string text = sign == std::string::npos ? "" : action.substr(action.find_last_of("=#") + 1);
+        if (action.find('#') != std::string::npos) {
+            MFormDriver::ClickRow(form, control, std::stoi(text), action.find("##") != std::string::npos);
+        } else if (action.starts_with("cmb")) {
+            MFormDriver::Choose(form, control, std::stoi(text));
+        } else {
+            MFormDriver::Click(form, control);
+            if (sign == std::string::npos) return;
+            auto& field = MFormDriver::Get<QXTextEdit>(form, control);
+            field.selectAll();
+            if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
+            QTest::keyClicks(&field, QString::fromStdString(text));
         }
-        MFormDriver::Click(*form_, control);
-        if (sign == std::string::npos) return;
-        auto& field = MFormDriver::Get<QXTextEdit>(*form_, control);
-        field.selectAll();
-        if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
-        QTest::keyClicks(&field, QString::fromStdString(text));
     }
-    template <class TControl>
+    /// Several actions, without blanks in them.
+    static void DoAll(CForm& form, const std::string& actions) {
+        std::istringstream words(actions);
+        for (std::string action; words >> action;)
+            Do(form, action);
+    }
+    void Do(const std::string& action) { Do(*form_, action); }
+    void DoAll(const std::string& actions) { DoAll(*form_, actions); }
+    template <class TControl = QWidget>
     TControl& Control(const std::string& name) {
         return MFormDriver::Get<TControl>(*form_, QString::fromStdString(name));
     }
+    bool Enabled(const std::string& name) { return Control(name).isEnabled(); }
+    bool Shown(const std::string& name) { return Control(name).isVisible(); }
     QXColorButton& Button(const std::string& name) { return Control<QXColorButton>(name); }
-    std::string Text(const char* field) { return Control<QXTextEdit>(field).Text(); }
-    std::string Label(const char* label) { return Control<QXLabel>(label).Caption(); }
-    std::string Choice(const char* list) { return Control<QXChoiceList>(list).Text(); }
+    std::string Text(const std::string& field) { return Control<QXTextEdit>(field).Text(); }
+    std::string Label(const std::string& label) { return Control<QXLabel>(label).Caption(); }
+    std::string Choice(const std::string& list) { return Control<QXChoiceList>(list).Text(); }
     /// Indexes of the buttons of an array that are on.
     std::string Lit(const std::string& array) {
         std::string lit;
@@ -119,30 +131,60 @@ class MakerTest : public CoreTest {
         }
         return lit;
     }
+    /// The rows of a list, the selected one with a star.
+    static std::string Items(CForm& form, const char* name) {
+        std::string items;
+        const auto& list = MFormDriver::Get<CListBox>(form, name);
+        for (int row = 0; row < list.ListCount(); ++row)
+            items += list.List(row) + (row == list.ListIndex() ? "* " : " ");
+        return items;
+    }
+    std::string Items(const char* name) { return Items(*form_, name); }
+    /// Which of the buttons between a source and a target can be clicked: Add, View, Remove, and the moves.
+    std::string CanDo() {
+        const std::pair<const char*, char> buttons[] = {
+            {"cmdAddItem", 'A'},    {"cmdAddUnit", 'A'},      {"cmdShowSelUnit", 'V'},
+            {"cmdRemoveItem", 'R'}, {"cmdRemoveUnit", 'R'},   {"cmdItemMoveUp", '<'},
+            {"cmdUnitMoveUp", '<'}, {"cmdItemMoveDown", '>'}, {"cmdUnitMoveDown", '>'}};
+        std::string can;
+        for (const auto& [name, letter] : buttons) {
+            const auto* button = form_->findChild<QWidget*>(name);
+            if (button != nullptr && button->isEnabled()) can += letter;
+        }
+        return can;
+    }
+    /// Walks by N(ext) and P(revious); the names that come up.
+    std::string Walk(const std::string& steps) {
+        std::string names;
+        for (const char step : steps) {
+            Do(step == 'N' ? "cmdNext" : "cmdPrev");
+            names += Text("tedName") + " ";
+        }
+        return names;
+    }
+
     /// Questions about storing, in their order: A(dd), U(pdate), O(verwrite), each of `name`, R(ename from `old`), and
     /// what they are answered: + or -.
     void Ask(const std::string& questions, const std::string& name, const std::string& old = "") {
         const std::string exists = "\"" + name + "\" already exists in the list,\r\ndo you wish to ";
         for (std::size_t at = 0; at < questions.size(); at += 2) {
             const char kind = questions[at];
-            platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo,
-                                kind == 'A'   ? "Add \"" + name + "\" to the list?"
-                                : kind == 'R' ? "Rename \"" + old + "\" as \"" + name + "\"?"
-                                              : exists + (kind == 'U' ? "update it?" : "overwrite it?"),
-                                questions[at + 1] == '+' ? BoxAnswer::Yes : BoxAnswer::No);
+            Question(kind == 'A'   ? "Add \"" + name + "\" to the list?"
+                     : kind == 'R' ? "Rename \"" + old + "\" as \"" + name + "\"?"
+                                   : exists + (kind == 'U' ? "update it?" : "overwrite it?"),
+                     questions[at + 1] == '+');
         }
     }
     void Expect(BoxKind kind, const std::string& text) { platform_.ExpectBox(kind, BoxButtons::Ok, text); }
     void WarnWithCancel(const std::string& text, BoxAnswer answer) {
         platform_.ExpectBox(BoxKind::Warning, BoxButtons::OkCancel, text, answer);
     }
-    /// The selector that comes next: its row, -1 for none, then a button; its texts where they are told.
-    static void InSelector(int row, const char* button, const std::string& texts = "") {
+    void Question(const std::string& text, bool yes = true) {
+        platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo, text, yes ? BoxAnswer::Yes : BoxAnswer::No);
+    }
+    /// The selector that comes next: its row, -1 for none, then a button.
+    static void InSelector(int row, const char* button) {
         MFormDriver::WhileModal([=](CForm& selector) {
-            const std::string shown = MFormDriver::Get<QXLabel>(selector, "lblPrompt").Caption() + "/" +
-                                      MFormDriver::Get<QXColorButton>(selector, "cmdOK").Caption() + "/" +
-                                      MFormDriver::Get<QXColorButton>(selector, "cmdCancel").Caption();
-            EXPECT_EQ(shown, texts.empty() ? shown : texts);
             if (row >= 0) MFormDriver::ClickRow(selector, "lstItems", row);
             MFormDriver::Click(selector, button);
         });
@@ -152,13 +194,13 @@ class MakerTest : public CoreTest {
         Do(kModify);
         MFormDriver::Show(*form_);  // active again
     }
-    /// View List shows a page that has `text`.
-    void ExpectPage(const QString& text) {
+    /// The button shows a page that has `text`.
+    void ExpectPage(const std::string& button, const QString& text) {
         MFormDriver::WhileModal([=](CForm& viewer) {
             EXPECT_TRUE(viewer.findChild<QTextBrowser*>()->toPlainText().contains(text));
             MFormDriver::CloseWindow(viewer);
         });
-        Do(kViewList);
+        Do(button);
     }
 
     /// Indexes of the documents that are marked as modified.
@@ -168,13 +210,18 @@ class MakerTest : public CoreTest {
             indexes += MGlobal::IsFileModified(index) ? std::to_string(index) : "";
         return indexes;
     }
-    /// Closes the form, past the boxes that are expected, and looks which document that marks.
-    void ExpectClosing(const std::string& marked) {
+    static void ClearMarks() {
         for (std::int16_t index = 0; index < 3; ++index)
             MGlobal::SetFileModified(index, false);
+    }
+    /// Closes the form, past the boxes that are expected, and looks which document that marks. The marks are taken
+    /// away.
+    void ExpectClosing(const std::string& marked) {
+        ClearMarks();
         Do("cmdExit");
         EXPECT_FALSE(form_->Visible());
         EXPECT_EQ(Modified(), marked);
+        ClearMarks();
         platform_.Verify();
     }
 
