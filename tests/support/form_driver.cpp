@@ -27,6 +27,11 @@ QWidget* Target(CForm& form, const QString& objectName) {
     return list != nullptr ? list->viewport() : widget;
 }
 
+void TypeCharacters(CForm& form, const QString& objectName, const QString& text) {
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, Find(form, objectName), Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
 void RunStep() {
     auto* form = dynamic_cast<CForm*>(QApplication::activeModalWidget());
     if (form == nullptr || Steps().empty()) {
@@ -63,25 +68,21 @@ void Click(CForm& form, const QString& objectName) {
 }
 
 void DoubleClick(CForm& form, const QString& objectName) {
-    QTest::mouseClick(Target(form, objectName), Qt::LeftButton);
+    Click(form, objectName);
     QTest::mouseDClick(Target(form, objectName), Qt::LeftButton);
 }
 
 void Type(CForm& form, const QString& objectName, const QString& text) {
     Click(form, objectName);
-    QWidget* widget = Find(form, objectName);
-    widget->setFocus(Qt::OtherFocusReason);
-    for (const QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    Find(form, objectName)->setFocus(Qt::OtherFocusReason);
+    TypeCharacters(form, objectName, text);
 }
 
 void Retype(CForm& form, const QString& objectName, const QString& text) {
     Click(form, objectName);
     if (auto* field = qobject_cast<QLineEdit*>(Find(form, objectName))) field->selectAll();
     QTest::keyClick(Find(form, objectName), Qt::Key_Delete);
-    for (const QChar c : text) {
-        QTest::sendKeyEvent(QTest::Click, Find(form, objectName), Qt::Key_unknown, QString(c), Qt::NoModifier);
-    }
+    TypeCharacters(form, objectName, text);
 }
 
 void Press(CForm& form, const QString& objectName, Qt::Key key, Qt::KeyboardModifiers modifiers) {

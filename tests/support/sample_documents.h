@@ -6,44 +6,16 @@
 
 // Small documents with at least one record of each kind, in both forms.
 
-inline const std::string kTables = Lines({"[TOP]",
-                                          "APPVERSION=2_2",
-                                          "ENTRY=#ARMYTBLS",
-                                          "VERSION=0",
-                                          "NAME=Arsenal \xA7",
-                                          "DESCR=d",
-                                          "[WEAPONLIST]",
-                                          "ENTRY=#EL",
-                                          "SORTED=1",
-                                          "INDEXED=1",
-                                          "COUNT=1",
-                                          "[WEAPONLIST_1]",
-                                          "ENTRY=#W",
-                                          "VERSION=2",
-                                          "FULLINFO=1",
-                                          "NAME=Laser",
-                                          "DESCR=hot",
-                                          "KEY=LASER",
-                                          "CLASS=Rifle",
-                                          "POINTS=10,10",
-                                          "PROP2=0,0,0,0,0,0,0,0,0,0,0,0",
-                                          "PROP3=1,1,0,0",
-                                          "[ACCESSORYLIST]",
-                                          "ENTRY=#EL",
-                                          "SORTED=1",
-                                          "INDEXED=1",
-                                          "COUNT=1",
-                                          "[ACCESSORYLIST_1]",
-                                          "ENTRY=#I",
-                                          "VERSION=2",
-                                          "FULLINFO=1",
-                                          "NAME=Plate",
-                                          "DESCR=",
-                                          "KEY=PLATE",
-                                          "CLASS=Armour",
-                                          "POINTS=10,12.5",
-                                          "PROP1=2,0",
-                                          "PROP2=0,0,0,0,0"});
+inline const std::string kTables =
+    Lines({"[TOP]", "APPVERSION=2_2", "ENTRY=#ARMYTBLS", "VERSION=0", "NAME=Arsenal \xA7", "DESCR=d", "[WEAPONLIST]",
+           "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1",
+           // a weapon without properties
+           "[WEAPONLIST_1]", "ENTRY=#W", "VERSION=2", "FULLINFO=1", "NAME=Laser", "DESCR=hot", "KEY=LASER",
+           "CLASS=Rifle", "POINTS=10,10", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0", "PROP3=1,1,0,0", "[ACCESSORYLIST]",
+           "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1",
+           // PF 2, with a price of its own
+           "[ACCESSORYLIST_1]", "ENTRY=#I", "VERSION=2", "FULLINFO=1", "NAME=Plate", "DESCR=", "KEY=PLATE",
+           "CLASS=Armour", "POINTS=10,12.5", "PROP1=2,0", "PROP2=0,0,0,0,0"});
 
 inline const std::string kList =
     Lines({"[TOP]", "APPVERSION=2_2", "ENTRY=#ARMYLIST", "VERSION=0", "NAME=List", "DESCR=d", "PICTURE=p.png",
@@ -60,12 +32,12 @@ inline const std::string kList =
            "[UNITLIST_2_UNITLIST_1]", "ENTRY=#U", "VERSION=2", "FULLINFO=0", "NAME=Guard", "DESCR=", "KEY=GUARD",
            "TYPE=0", "CLASS=Infantry", "SUBCLASS=", "QUANTITY=2", "POINTS=20,25"});
 
-inline const std::string kRoster = Lines({"[TOP]",          "APPVERSION=2_2", "ENTRY=#ARMYROSTER", "VERSION=0",
-                                          "NAME=X",         "DESCR=",         "PICTURE=",          "[UNITLIST]",
-                                          "ENTRY=#UL",      "SORTED=0",       "INDEXED=0",         "COUNT=1",
-                                          "[UNITLIST_1]",   "ENTRY=#U",       "VERSION=2",         "FULLINFO=0",
-                                          "NAME=Guard",     "DESCR=",         "KEY=GUARD",         "TYPE=0",
-                                          "CLASS=Infantry", "SUBCLASS=",      "QUANTITY=2",        "POINTS=20,25"});
+inline const std::string kRoster =
+    Lines({"[TOP]", "APPVERSION=2_2", "ENTRY=#ARMYROSTER", "VERSION=0", "NAME=X", "DESCR=", "PICTURE=", "[UNITLIST]",
+           "ENTRY=#UL", "SORTED=0", "INDEXED=0", "COUNT=1",
+           // the summary of the guard above
+           "[UNITLIST_1]", "ENTRY=#U", "VERSION=2", "FULLINFO=0", "NAME=Guard", "DESCR=", "KEY=GUARD", "TYPE=0",
+           "CLASS=Infantry", "SUBCLASS=", "QUANTITY=2", "POINTS=20,25"});
 
 inline const std::string kTablesV1 =
     Lines({"\"#VD_VER\",1,0", "\"#ARMYTBLS\",1,0,0,\"Old\",\"d\"", "\"#ARMYWP\"", "\"#EL\",1",

@@ -102,7 +102,7 @@ bool CScriptedPlatform::ShowPrint(IPrintJob& job) {
 int CScriptedPlatform::ShellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
                                     const std::string& folder, int showMode) {
     ShellExecutes.push_back({verb, file, parameters, folder, showMode});
-    return ShellResult;
+    return 42;
 }
 
 void CScriptedPlatform::SetBusyPointer(bool busy) {

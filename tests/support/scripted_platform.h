@@ -35,11 +35,9 @@ class CScriptedPlatform : public IPlatform {
         int ShowMode = 0;
     };
 
-    std::string Folder = "/nowhere";      ///< application folder
-    std::string Executable = "vdtools2";  ///< executable name
+    std::string Folder = "/nowhere";  ///< application folder
     CAppVersion AppVersion{2, 2, 0};
-    bool Previous = false;  ///< another instance runs
-    int ShellResult = 42;
+    bool Previous = false;                     ///< another instance runs
     std::vector<SShellExecute> ShellExecutes;  ///< what was opened
     std::function<void()> OnProcessEvents;
     int BusyCount = 0;  ///< times that the busy pointer came up
@@ -52,7 +50,7 @@ class CScriptedPlatform : public IPlatform {
     int ShellExecute(const std::string& verb, const std::string& file, const std::string& parameters,
                      const std::string& folder, int showMode) override;
     std::string ApplicationFolder() const override { return Folder; }
-    std::string ExecutableName() const override { return Executable; }
+    std::string ExecutableName() const override { return "vdtools2"; }
     std::string Title() const override { return "VdTools2"; }
     CAppVersion Version() const override { return AppVersion; }
     bool PreviousInstance() override { return Previous; }

@@ -19,8 +19,7 @@ std::unique_ptr<CDocument> NewDocument(char kind) {
 }
 
 TEST_F(DocumentTest, FilesComeBackByteForByte) {
-    std::vector<std::pair<char, std::string>> cases = {{'l', kList},
-                                                       {'l', Changed(kList, "FULLINFO=1", "FULLINFO=-1")},
+    std::vector<std::pair<char, std::string>> cases = {{'l', Changed(kList, "FULLINFO=1", "FULLINFO=-1")},
                                                        {'l', Changed(kList, "SORTED=1", "SORTED=2")}};
     for (const char kind : {'q', 'l', 'r'})
         cases.emplace_back(kind, ReadBytes(SOURCE_DIR "/data/sample/Harrow March.v2" + std::string(1, kind)));
@@ -33,11 +32,7 @@ TEST_F(DocumentTest, FilesComeBackByteForByte) {
 }
 
 TEST_F(DocumentTest, ReadingReplacesWhatWasThere) {
-    EXPECT_FALSE(CArmyRoster().ArmyUnits().Sorted() || CArmyRoster().ArmyUnits().Indexed());
-    EXPECT_TRUE(CArmyTables().ArmyWeapons().Sorted() && CArmyTables().ArmyAccessories().Indexed());
     CArmyList list;
-    EXPECT_TRUE(list.ArmyUnits().Sorted() && list.ArmyUnits().Indexed());
-    list.SetVersion(7);
     Save("d", kList);
     ASSERT_TRUE(list.ReadInfo(folder_ / "d") && list.ReadInfo(folder_ / "d"));
     EXPECT_EQ(list.ArmyUnits().Count(), 2);
@@ -49,8 +44,7 @@ TEST_F(DocumentTest, ReadingReplacesWhatWasThere) {
     EXPECT_TRUE(list.ReadInfo(Save("d", Changed(Changed(kList, "PICTURE=", "X="), "DESCR=", "X="))));
     EXPECT_EQ(list.PictureFile() + list.Descr(), "");
     list.Clear();
-    EXPECT_EQ(list.Name(), "");
-    EXPECT_EQ(list.Version(), 7);
+    EXPECT_EQ(list.Name() + std::to_string(list.ArmyUnits().Count()), "0");
 }
 
 TEST_F(DocumentTest, TruncatedFilesFailWhereverTheyEnd) {
@@ -62,7 +56,6 @@ TEST_F(DocumentTest, TruncatedFilesFailWhereverTheyEnd) {
     } kCases[] = {{'q', kTables, "\r\n", false},     {'l', kList, "25\r\n", false}, {'r', kRoster, "25\r\n", false},
                   {'q', kTablesV1, "2.5\r\n", true}, {'l', kListV1, "\r\n", true},  {'r', kRosterV1, "\r\n", true}};
     for (const auto& c : kCases) {
-        ASSERT_TRUE(c.bytes.ends_with(c.tail));
         const auto document = NewDocument(c.kind);
         for (std::size_t size = 0; size <= c.bytes.size(); ++size) {
             const std::string path = Save("d", c.bytes.substr(0, size));
@@ -100,44 +93,33 @@ TEST_F(DocumentTest, BrokenFilesFailAndKeepWhatWasRead) {
         {"a key twice: the first counts", "[UNITLIST]\r\n", "[UNITLIST]\r\nCOUNT=1\r\n", true, 1},
         {"two of one name: the later one is lost", "NAME=Squad", "NAME=guard", true, 1},
     };
+    CArmyList list;
     for (const auto& c : kCases) {
-        CArmyList list;
         EXPECT_EQ(list.ReadInfo(Save("d", Changed(kList, c.from, c.to))), c.ok) << c.what;
         EXPECT_EQ(list.ArmyUnits().Count(), c.units) << c.what;
         EXPECT_TRUE(list.ArmyUnits().Sorted() && list.ArmyUnits().Indexed()) << c.what;
     }
-    CArmyList list;
     for (const char* key : {"APPVERSION", "SORTED", "INDEXED", "COUNT", "NAME=Guard", "TYPE", "SUBCLASS", "POINTS",
                             "STATS", "PROP2", "PROP3"}) {
         EXPECT_FALSE(list.ReadInfo(Save("d", Changed(kList, key, "X")))) << key;
     }
-    EXPECT_FALSE(list.ReadInfo(folder_.Path()) || list.ImportInfoV1(folder_.Path()));
     EXPECT_FALSE(list.ReadInfo(Save("d", kListV1)) || list.ImportInfoV1(Save("d", kList)));
 }
 
 TEST_F(DocumentTest, FileValuesAreTakenAsTheyStand) {
-    // Out of every setter's limits: priced by the same rules.
-    const std::string odd =
-        Changed(Changed(kList, "STATS=10,5,6,0,6", "STATS=10,1,6,7,6"), "QUANTITY=2", "QUANTITY=-2");
+    // Out of every setter's limits: priced by the same rules. SORTED=0 keeps the order of the file.
+    std::string odd = Changed(Changed(kList, "STATS=10,5,6,0,6", "STATS=10,1,6,7,6"), "QUANTITY=2", "QUANTITY=-2");
+    odd = Changed(Changed(odd, "SORTED=1", "SORTED=0"), "NAME=Guard", "NAME=Zeal");
     CArmyList list;
     ASSERT_TRUE(list.ReadInfo(Save("d", odd)));
-    const CGenUnit& unit = list.ArmyUnits().Item("guard");
-    EXPECT_EQ(unit.AsUnit()->StatValue(CUnit::SS), 1);
-    EXPECT_EQ(unit.PointCost(), -2 * (5 + 24 + 25));
-    EXPECT_EQ(unit.EquippedPointCost(), -2 * (5 + 24 + 25 + 2.5));
-    // SORTED=0 keeps the order of the file.
-    for (const char* sorted : {"SORTED=0", "SORTED=1"}) {
-        ASSERT_TRUE(list.ReadInfo(Save("d", Changed(Changed(kList, "SORTED=1", sorted), "NAME=Guard", "NAME=Zeal"))));
-        EXPECT_EQ(list.ArmyUnits().Item(sorted[7] == '0' ? 1 : 2).Key(), "ZEAL");
-    }
+    EXPECT_EQ(list.ArmyUnits().Item(1).PointCost(), -2 * (5 + 24 + 25));
+    EXPECT_EQ(list.ArmyUnits().Item("zeal").EquippedPointCost(), -2 * (5 + 24 + 25 + 2.5));
     // The summary of a squad keeps its costs until somebody asks for them: it has no members.
     CArmyRoster roster;
     ASSERT_TRUE(roster.ReadInfo(Save("d", Changed(kRoster, "ENTRY=#U\r", "ENTRY=#MU\r"))));
     EXPECT_TRUE(roster.WriteInfo(folder_ / "out"));
     EXPECT_TRUE(ReadBytes(folder_ / "out").ends_with("POINTS=20,25\r\n"));
     EXPECT_EQ(roster.PointCost(), 0);
-    EXPECT_TRUE(roster.WriteInfo(folder_ / "out"));
-    EXPECT_TRUE(ReadBytes(folder_ / "out").ends_with("POINTS=0,0\r\n"));
 }
 
 TEST_F(DocumentTest, OldDocumentsAreImported) {
@@ -146,6 +128,11 @@ TEST_F(DocumentTest, OldDocumentsAreImported) {
     EXPECT_EQ(tables.Name() + "/" + tables.Descr(), "Old/d");
     EXPECT_EQ(tables.ArmyWeapons().Item("laser").PointCost(), 7.5);
     EXPECT_EQ(tables.ArmyAccessories().Item("plate").AsAccessory()->PF(), 2);
+    EXPECT_TRUE(tables.ArmyWeapons().Sorted() && tables.ArmyAccessories().Indexed());
+    for (const char* tag : {"#VD_VER", "#ARMYTBLS", "#ARMYWP", "#ARMYAC", "#EL", "#W", "#P"})
+        EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, tag, "#X")))) << tag;
+    EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, "\"#EL\",1", "\"#EL\",2147483647"))));
+    EXPECT_EQ(tables.ArmyWeapons().Count(), 1);
 
     CArmyList list;
     ASSERT_TRUE(list.ImportInfoV1(Save("l", kListV1)));
@@ -157,34 +144,26 @@ TEST_F(DocumentTest, OldDocumentsAreImported) {
     CArmyRoster roster;
     ASSERT_TRUE(roster.ImportInfoV1(Save("r", kRosterV1)));
     EXPECT_EQ(roster.PointCost(), 8);
-    EXPECT_FALSE(roster.ArmyUnits().Indexed());
-
-    for (const char* tag : {"#VD_VER", "#ARMYTBLS", "#ARMYWP", "#ARMYAC", "#EL", "#W", "#P"})
-        EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, tag, "#X")))) << tag;
-    EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, "\"#EL\",1", "\"#EL\",2147483647"))));
-    EXPECT_EQ(tables.ArmyWeapons().Count(), 1);
+    EXPECT_FALSE(roster.ArmyUnits().Sorted() || roster.ArmyUnits().Indexed());
 }
 
 std::string NestedSquads(int depth) {
     std::string text = kRoster.substr(0, kRoster.find("[UNITLIST_1]"));
     std::string section = "UNITLIST";
-    for (int level = 0; level < depth; ++level) {
+    while (depth-- > 0) {
         section += "_1";
         text += "[" + section +
                 Lines({"]", "ENTRY=#MU", "VERSION=2", "FULLINFO=1", "NAME=n", "DESCR=", "KEY=", "QUANTITY=1",
                        "POINTS=0,0"});
         section += "_UNITLIST";
-        text += "[" + section +
-                Lines({"]", "ENTRY=#UL", "SORTED=0", "INDEXED=0", level + 1 < depth ? "COUNT=1" : "COUNT=0"});
+        text += "[" + section + Lines({"]", "ENTRY=#UL", "SORTED=0", "INDEXED=0", depth > 0 ? "COUNT=1" : "COUNT=0"});
     }
     return text;
 }
 
 TEST_F(DocumentTest, NestingHasALimitInBothForms) {
     CArmyRoster roster;
-    ASSERT_TRUE(roster.ReadInfo(Save("d", NestedSquads(300))));
-    EXPECT_EQ(roster.PointCost(), 0);
-    EXPECT_TRUE(roster.WriteInfo(folder_ / "out"));
+    ASSERT_TRUE(roster.ReadInfo(Save("d", NestedSquads(300))) && roster.WriteInfo(folder_ / "out"));
     EXPECT_EQ(ReadBytes(folder_ / "out"), NestedSquads(300));
     EXPECT_FALSE(roster.ReadInfo(Save("d", NestedSquads(CMultUnit::kDeepestNesting + 1))));
 

@@ -1,6 +1,6 @@
 #include "units/unit.h"
 
-#include <functional>
+#include <array>
 
 #include "core/files/profile.h"
 #include "core/files/sequential.h"
@@ -22,56 +22,51 @@ std::shared_ptr<CEqItem> WeaponOf(double cost) {
 }
 
 TEST(UnitCost, FollowsBothEditionsOfTheRules) {
-    using U = CUnit;
-    using Set = std::function<void(U&)>;
-    const auto stat = [](std::int32_t s, std::int16_t v) -> Set { return [=](U& u) { u.SetStatValue(s, v); }; };
-    const auto prop = [](std::int32_t p, std::int16_t v) -> Set { return [=](U& u) { u.SetSpecialProp(p, v); }; };
-    const auto crew = [](std::int32_t c, std::int16_t v) -> Set { return [=](U& u) { u.SetCrew(c, v); }; };
-    const auto weapon = [](double cost) -> Set { return [=](U& u) { u.AddItem(WeaponOf(cost)); }; };
     const struct {
         const char* what;
         std::int32_t type;
-        std::vector<Set> sets;
-        double second, equipped, first;
+        std::array<std::int16_t, CUnit::StatCount> stats;  // MV, SS, FA, PF, DP
+        std::array<std::int16_t, CUnit::CrewPlaceCount> crew;
+        std::array<std::int16_t, CUnit::SpecialCount> specials;
+        double weapon, second, equipped, first;
     } kCases[] = {
-        {"SS 4", 0, {stat(U::SS, 4)}, 15, 15, 15},
-        {"FA 4", 0, {stat(U::FA, 4)}, 11, 11, 11},
-        {"SS 0, FA 0: floor", 0, {stat(U::SS, 0), stat(U::FA, 0)}, 2, 2, 2},
-        {"the same, a medic: floor first", 0, {stat(U::SS, 0), stat(U::FA, 0), prop(U::Medic, 1)}, 7, 7, 2},
-        {"MV 12", 0, {stat(U::MV, 12)}, 7, 7, 7},
-        {"DP 4", 0, {stat(U::DP, 4)}, 9, 9, 9},
-        {"three of them", 0, {prop(U::Officer, 2), weapon(10), [](U& u) { u.SetQuantity(3); }}, 54, 114, 54},
-        {"heroic save 2", 0, {prop(U::HeroicSave, 2)}, 15, 15, 5},
-        {"sharpshooter", 0, {prop(U::SharpShooter, 1)}, 10, 10, 5},
-        {"ferocious", 0, {prop(U::Ferocious, -1)}, 9, 9, 5},
-        {"flyer", 0, {prop(U::Flyer, 1)}, 7.5, 7.5, 7.5},
-        {"levels below 0 are none", 0, {prop(U::Officer, -2), prop(U::HeroicSave, -2)}, 5, 5, 5},
-        {"vehicle, officer isn't doubled", 1, {prop(U::Officer, 2)}, 11, 11, 11},
-        {"vehicle PF 7", 1, {stat(U::PF, 7)}, 31, 31, 31},
-        {"vehicle PF 2, one inside", 1, {stat(U::PF, 2), crew(2, 1)}, 15, 15, 13},
-        {"vehicle, one life supported", 1, {stat(U::PF, 5), crew(3, 1)}, 30, 30, 30},
-        {"vehicle, one partly exposed", 1, {crew(1, 1)}, 11, 11, 12},
-        {"vehicle SS 5: gained", 1, {stat(U::SS, 5)}, 17, 17, 17},
-        {"vehicle FA 4: gained", 1, {stat(U::FA, 4)}, 16, 16, 4},
-        {"flying vehicle with a weapon", 1, {prop(U::Flyer, 1), weapon(3)}, 10.5, 15, 10.5},
-        {"slave robot", 2, {}, 5, 5, 5},
-        {"autonomous robot DP 3", 3, {stat(U::DP, 3)}, 11, 11, 11},
+        {"SS 4", 0, {10, 4, 6, 0, 6}, {}, {}, 0, 15, 15, 15},
+        {"FA 4", 0, {10, 6, 4, 0, 6}, {}, {}, 0, 11, 11, 11},
+        {"SS 0, FA 0: floor", 0, {10, 0, 0, 0, 6}, {}, {}, 0, 2, 2, 2},
+        {"the same, a medic: floor first", 0, {10, 0, 0, 0, 6}, {}, {0, 0, 1}, 0, 7, 7, 2},
+        {"MV 12, DP 4", 0, {12, 6, 6, 0, 4}, {}, {}, 0, 11, 11, 11},
+        {"PF 3", 0, {10, 6, 6, 3, 6}, {}, {}, 0, 12, 12, 12},
+        {"PF 4", 0, {10, 6, 6, 4, 6}, {}, {}, 0, 15, 15, 15},
+        {"officer 2", 0, {10, 6, 6, 0, 6}, {}, {0, 0, 0, 2}, 10, 18, 38, 18},
+        {"heroic save 2", 0, {10, 6, 6, 0, 6}, {}, {0, 0, 0, 0, 2}, 0, 15, 15, 5},
+        {"sharpshooter, ferocious", 0, {10, 6, 6, 0, 6}, {}, {0, 1, 0, 0, 0, -1}, 0, 14, 14, 5},
+        {"levels below 0 are none", 0, {10, 6, 6, 0, 6}, {}, {0, 0, 0, -2, -2}, 0, 5, 5, 5},
+        {"vehicle, officer isn't doubled", 1, {10, 0, 0, 0, 0}, {1}, {0, 0, 0, 2}, 0, 11, 11, 11},
+        {"vehicle PF 7", 1, {10, 0, 0, 7, 0}, {1}, {}, 0, 31, 31, 31},
+        {"vehicle PF 2, one inside", 1, {10, 0, 0, 2, 0}, {1, 0, 1}, {}, 0, 15, 15, 13},
+        {"vehicle, one life supported", 1, {10, 0, 0, 5, 0}, {1, 0, 0, 1}, {}, 0, 30, 30, 30},
+        {"vehicle, one partly exposed", 1, {10, 0, 0, 0, 0}, {1, 1}, {}, 0, 11, 11, 12},
+        {"vehicle SS 5: gained", 1, {10, 5, 0, 0, 0}, {1}, {}, 0, 17, 17, 17},
+        {"vehicle FA 4: gained", 1, {10, 0, 4, 0, 0}, {1}, {}, 0, 16, 16, 4},
+        {"flying vehicle with a weapon", 1, {10, 0, 0, 0, 0}, {1}, {1}, 3, 10.5, 15, 10.5},
+        {"autonomous robot DP 3", 3, {10, 6, 0, 0, 3}, {}, {}, 0, 11, 11, 11},
     };
-    CUnit armoured;
-    for (const int cost : {5, 7, 9, 12, 15, 19}) {
-        EXPECT_EQ(armoured.PointCost(), cost);
-        armoured.SetStatValue(U::PF, static_cast<std::int16_t>(armoured.StatValue(U::PF) + 1));
-    }
     for (const auto& c : kCases) {
+        SCOPED_TRACE(c.what);
         CUnit unit;
         unit.SetUnitType(c.type);
-        unit.InitUnit();
-        for (const Set& set : c.sets)
-            set(unit);
-        EXPECT_EQ(unit.PointCost(), c.second) << c.what;
-        EXPECT_EQ(unit.EquippedPointCost(), c.equipped) << c.what;
+        for (std::int32_t i = 0; i < CUnit::SpecialCount; ++i) {
+            unit.SetSpecialProp(i, c.specials[static_cast<std::size_t>(i)]);
+            if (i < CUnit::StatCount) unit.SetStatValue(i, c.stats[static_cast<std::size_t>(i)]);
+            if (i < CUnit::CrewPlaceCount) unit.SetCrew(i, c.crew[static_cast<std::size_t>(i)]);
+        }
+        if (c.weapon != 0) unit.AddItem(WeaponOf(c.weapon));
+        EXPECT_EQ(unit.PointCost(), c.second);
+        EXPECT_EQ(unit.EquippedPointCost(), c.equipped);
         unit.SetVersion(1);
-        EXPECT_EQ(unit.PointCost(), c.first) << c.what;
+        EXPECT_EQ(unit.PointCost(), c.first);
+        unit.SetQuantity(3);
+        EXPECT_EQ(unit.PointCost(), 3 * c.first);
     }
 }
 
@@ -79,8 +74,8 @@ TEST(UnitStats, AreHeldWithinTheirLimits) {
     const struct {
         std::int32_t type, stat;
         std::int16_t value, held;
-    } kCases[] = {{0, 0, 25, 20}, {1, 0, 25, 25}, {0, 0, 1, 1}, {0, 1, 1, 2}, {0, 1, 9, 6}, {0, 1, 0, 0},
-                  {0, 1, -3, 0},  {0, 2, 1, 2},   {1, 2, 1, 2}, {2, 2, 7, 6}, {0, 3, 9, 5}, {1, 3, 9, 9},
+    } kCases[] = {{0, 0, 25, 20}, {1, 0, 25, 25}, {0, 1, 1, 2}, {0, 1, 9, 6}, {0, 1, 0, 0},
+                  {0, 1, -3, 0},  {1, 2, 1, 2},   {2, 2, 7, 6}, {0, 3, 9, 5}, {1, 3, 9, 9},
                   {0, 4, 1, 2},   {1, 4, 1, 1},   {3, 4, 9, 6}, {0, 7, 5, 0}, {0, -1, 5, 0}};
     for (const auto& c : kCases) {
         CUnit unit;
@@ -95,24 +90,18 @@ TEST(UnitStats, AreHeldWithinTheirLimits) {
     unit.SetSpecialProp(CUnit::HeroicSave, 0);
     unit.SetSpecialProp(9, 1);
     unit.SetCrew(1, -2);
-    EXPECT_EQ(unit.SpecialProp(9) + unit.Crew(1), 0);
     unit.SetQuantity(0);
-    EXPECT_EQ(unit.Quantity(), 1);
+    EXPECT_EQ(unit.SpecialProp(9) + unit.Crew(1) + unit.Quantity(), 0 + 0 + 1);
 }
 
 TEST(UnitTypes, SetDefaultsButLeaveTheStats) {
     CUnit unit;
     unit.SetSpecialProp(CUnit::Medic, 1);
-    unit.SetUnitType(CUnit::Vehicle);
-    EXPECT_EQ(unit.UnitClass() + unit.UnitSubclass(), "Vehicle");
-    EXPECT_EQ(unit.StatValue(CUnit::FA), 6);
-    EXPECT_EQ(unit.SpecialProp(CUnit::Medic), 0);
     unit.SetUnitType(CUnit::AutonomousRobot);
+    EXPECT_EQ(unit.StatValue(CUnit::DP) + unit.SpecialProp(CUnit::Medic), 6 + 0);
     unit.SetUnitType(9);  // keeps class and costs
     EXPECT_EQ(unit.UnitSubclass() + " " + unit.UnitClass(), "Autonomous Robot");
     unit.InitUnit();
-    EXPECT_EQ(unit.StatValue(CUnit::DP), 1);
-    EXPECT_EQ(unit.StatValue(CUnit::FA), 0);
     EXPECT_EQ(unit.PointCost(), 15);
 }
 
@@ -134,25 +123,18 @@ TEST(UnitEquipment, ArmourChangesPfWithinItsLimit) {
 
 TEST(UnitSummary, IsFrozenAndScaled) {
     CUnit unit;
-    unit.SetStatValue(CUnit::SS, 5);
+    unit.AddItem(WeaponOf(1));
     unit.SetQuantity(3);
     unit.SetFullInfo(false);
-    unit.SetStatValue(CUnit::SS, 2);
-    EXPECT_EQ(unit.PointCost(), 30);
     unit.SetQuantity(2);
-    CUnit copy;
-    copy.Clone(unit);
-    EXPECT_EQ(copy.PointCost(), 20);
-    EXPECT_FALSE(copy.FullInfo());
-    EXPECT_EQ(copy.StatValue(CUnit::SS), 2);
-}
-
-TEST(UnitText, ListsWhatIsSpecial) {
-    CUnit unit;
-    EXPECT_EQ(unit.SpecialPropertiesStr(), "");
     for (std::int32_t i = 0; i < CUnit::SpecialCount; ++i)
         unit.SetSpecialProp(i, 2);
-    EXPECT_EQ(unit.SpecialPropertiesStr(), "Officer +2, Heroic Save + 2, Medic, SharpShooter, Flyer, Ferocious");
+    CUnit copy;
+    copy.Clone(unit);
+    EXPECT_EQ(copy.PointCost(), 10);
+    EXPECT_EQ(copy.EquippedPointCost(), 12);
+    EXPECT_FALSE(copy.FullInfo());
+    EXPECT_EQ(copy.SpecialPropertiesStr(), "Officer +2, Heroic Save + 2, Medic, SharpShooter, Flyer, Ferocious");
 }
 
 std::shared_ptr<CGenUnit> Single(const std::string& name, double cost, std::int16_t quantity = 1) {
@@ -165,55 +147,44 @@ std::shared_ptr<CGenUnit> Single(const std::string& name, double cost, std::int1
 }
 
 TEST(Squad, SumsItsMembers) {
-    CMultUnit squad;
+    auto squad = std::make_shared<CGenUnit>();
+    squad->NewUnit(CGenUnit::Squad);
     const auto ten = Single("ten", 10);
-    EXPECT_EQ(squad.Add(ten, ""), ten.get());
-    squad.Add(Single("five", 5), "");
-    EXPECT_FALSE(ten->FullInfo());
-    squad.SetQuantity(2);
-    EXPECT_EQ(squad.EquippedPointCost(), 30);
-    EXPECT_EQ(squad.PointCost(), 20);
-    ten->AsUnit()->SetStatValue(CUnit::SS, 2);
-    EXPECT_EQ(squad.EquippedPointCost(), 30);
+    EXPECT_EQ(squad->AsSquad()->Add(ten, ""), ten.get());
+    squad->AsSquad()->Add(Single("five", 5), "");
+    squad->SetQuantity(2);
+    ten->AsUnit()->SetStatValue(CUnit::SS, 2);  // a summary now
+    EXPECT_EQ(squad->EquippedPointCost(), 30);
+    EXPECT_EQ(squad->PointCost(), 20);
 
-    auto inner = std::make_shared<CGenUnit>();
-    inner->NewUnit(CGenUnit::Squad);
-    inner->AsSquad()->Clone(squad);
     CMultUnit outer;
-    outer.Add(inner, "");
+    outer.Add(squad, "");
     outer.SetQuantity(3);
+    CMultUnit copy;
+    copy.Clone(outer);
+    copy.Item(1).AsSquad()->Remove(1);
+    EXPECT_EQ(copy.EquippedPointCost(), 30);
     EXPECT_EQ(outer.EquippedPointCost(), 90);
-    outer.Item(1).AsSquad()->Remove(1);
-    EXPECT_EQ(outer.EquippedPointCost(), 30);
     outer.SetQuantity(0);
     EXPECT_EQ(outer.Quantity(), 1);
-    EXPECT_EQ(outer.SpecialPropertiesStr() + std::to_string(outer.UnitType()), "Squad100");
-    EXPECT_EQ(ErrorOf([&] { outer.Remove(2); }), 9);
+
+    CArmyRoster roster;
+    EXPECT_EQ(roster.Add(Single("a", 10, 3)) + roster.Add(Single("a", 12.5)), 1 + 2);
+    EXPECT_FALSE(roster.ArmyUnits().Item(1).FullInfo());
+    EXPECT_EQ(roster.PointCost(), 42.5);
 }
 
 TEST(UnitWrapper, ForwardsOrFails) {
     CGenUnit wrapper;
     EXPECT_EQ(ErrorOf([&] { (void)wrapper.PointCost(); }), 91);
     EXPECT_EQ(ErrorOf([&] { wrapper.Clone(CGenUnit()); }), 91);
-    EXPECT_FALSE(wrapper.WriteInfo(nullptr, "S"));
     wrapper.NewUnit(CGenUnit::Squad);
-    wrapper.SetVersion(true);
-    EXPECT_EQ(wrapper.Unit().Version(), -1);
     wrapper.NewUnit(3);  // drops the content and leaves the class
-    EXPECT_EQ(wrapper.GenUnitClass(), CGenUnit::Squad);
-    EXPECT_TRUE(wrapper.IsEmpty());
+    EXPECT_TRUE(wrapper.IsEmpty() && wrapper.GenUnitClass() == CGenUnit::Squad);
     wrapper.NewUnit(CGenUnit::Single);
     wrapper.SetUnit(CMultUnit());  // takes the class over and keeps its object
-    EXPECT_EQ(wrapper.GenUnitClass(), CGenUnit::Squad);
-    EXPECT_NE(wrapper.AsUnit(), nullptr);
+    EXPECT_TRUE(wrapper.AsUnit() != nullptr && wrapper.GenUnitClass() == CGenUnit::Squad);
     EXPECT_EQ(ErrorOf([&] { (void)wrapper.SquadUnit(); }), 13);
-}
-
-TEST(Roster, TotalsWhatItsEntriesCostWithEquipment) {
-    CArmyRoster roster;
-    EXPECT_EQ(roster.Add(Single("a", 10, 3)) + roster.Add(Single("a", 12.5)), 1 + 2);
-    EXPECT_FALSE(roster.ArmyUnits().Item(1).FullInfo());
-    EXPECT_EQ(roster.PointCost(), 42.5);
 }
 
 TEST_F(UnitTest, OldUnitsAreImportedAndPricedAnew) {
@@ -248,9 +219,10 @@ TEST_F(UnitTest, OldSquadsCarryTheirMembers) {
     const std::string member = "\"#U\",0,2,\"h\",0,\"m\",\"d\",0,\"Infantry\",\"\",\"#P\",3,4\r\n";
     const std::string head = "\"#MU\",1,2,\"h\",0,\"S\",\"d\",90,91,";
     const std::tuple<std::string, bool, std::int32_t, double> kCases[] = {
-        {head + "2\r\n" + member + member, true, 2, 8},  {head + "0", true, 0, 0},
-        {head + "2\r\n" + member, false, 1, 4},          {head + "-5", true, 0, 0},
-        {head + "2147483647\r\n" + member, false, 1, 4}, {"\"#MU\",0,2,\"h\",0,\"S\",\"d\",90,91,7", true, 0, 0}};
+        {head + "2\r\n" + member + member, true, 2, 8},
+        {head + "-5", true, 0, 0},
+        {head + "2147483647\r\n" + member, false, 1, 4},
+        {"\"#MU\",0,2,\"h\",0,\"S\",\"d\",90,91,7", true, 0, 0}};
     for (const auto& [bytes, ok, members, cost] : kCases) {
         CSequentialInput file(Save("f", bytes));
         CMultUnit squad;

@@ -5,10 +5,7 @@
 
 namespace {
 
-class SequentialTest : public CoreTest {
-  protected:
-    CSequentialInput Input(const std::string& bytes) { return CSequentialInput(Save("s", bytes)); }
-};
+using SequentialTest = CoreTest;
 
 TEST_F(SequentialTest, FieldsEndAtCommasAndLineEnds) {
     const std::pair<std::string, std::vector<std::string>> kCases[] = {
@@ -17,7 +14,7 @@ TEST_F(SequentialTest, FieldsEndAtCommasAndLineEnds) {
         {"\"a\"junk,a\"b,c", {"a", "a\"b", "c"}},  {"\r\n\r\n,,a,", {"", "", "", "", "a"}},
         {"\"open,1\r\n2", {"open,1\r\n2"}}};
     for (const auto& [bytes, fields] : kCases) {
-        CSequentialInput input = Input(bytes);
+        CSequentialInput input(Save("s", bytes));
         for (const std::string& field : fields)
             EXPECT_EQ(input.ReadText(), field) << bytes;
         EXPECT_EQ(ErrorOf([&] { input.ReadText(); }), 62) << bytes;
@@ -25,7 +22,7 @@ TEST_F(SequentialTest, FieldsEndAtCommasAndLineEnds) {
 }
 
 TEST_F(SequentialTest, NumberFieldsAreTolerantButBounded) {
-    CSequentialInput input = Input("x,\"12\",2.5,3.5,,40000,70000,3E9,1E39,0.1,\"#p\",\"#P\",7\r\n");
+    CSequentialInput input(Save("s", "x,\"12\",2.5,3.5,,40000,70000,3E9,1E39,0.1,\"#p\",\"#P\",7\r\n"));
     for (const int value : {0, 12, 2, 4, 0})
         EXPECT_EQ(input.ReadInt16(), value);
     EXPECT_EQ(ErrorOf([&] { input.ReadInt16(); }), 6);
@@ -39,9 +36,8 @@ TEST_F(SequentialTest, NumberFieldsAreTolerantButBounded) {
 }
 
 TEST_F(SequentialTest, FilesThatCannotBeOpenedTellWhy) {
-    EXPECT_EQ(ErrorOf([&] { CSequentialInput(folder_ / "none"); }), 53);
-    EXPECT_EQ(ErrorOf([&] { CSequentialInput(folder_ / "none/x"); }), 76);
-    EXPECT_EQ(ErrorOf([&] { CSequentialInput(folder_.Path()); }), 75);
+    for (const auto& [path, error] : {std::pair(folder_ / "none", 53), {folder_ / "none/x", 76}, {folder_.Path(), 75}})
+        EXPECT_EQ(ErrorOf([&from = path] { (void)CSequentialInput{from}; }), error) << path;
     EXPECT_EQ(ErrorOf([&] { MTextOutput::Open(folder_ / "none/x"); }), 76);
     EXPECT_EQ(ErrorOf([&] { MTextOutput::Open(folder_.Path()); }), 75);
     EXPECT_EQ(ErrorOf([] { MTextOutput::Print(7, "x"); }), 52);

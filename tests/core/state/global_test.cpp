@@ -32,11 +32,12 @@ class GlobalTest : public CoreTest {
             text += MHideUtils::EncodeLine(line) + "\r\n";
         Save("SuppData.vdx", text);
     }
-    void Load(const std::string& equipment, const std::string& list, const std::string& roster) {
+    void Load(const std::string& equipment = "", const std::string& list = "", const std::string& roster = "") {
         if (!equipment.empty()) MGlobal::SetEquipmentFile(Save("a.v2q", equipment));
         if (!list.empty()) MGlobal::SetArmyListFile(Save("a.v2l", list));
         if (!roster.empty()) MGlobal::SetArmyRosterFile(Save("a.v2r", roster));
         MGlobal::LoadWorkingFiles();
+        EXPECT_FALSE(fs::is_regular_file(folder_ / "SuppData.tmp"));
     }
     void Expect(BoxKind kind, const std::string& text) { platform_.ExpectBox(kind, BoxButtons::Ok, text); }
     void ExpectQuestion(const std::string& document, BoxAnswer answer) {
@@ -53,13 +54,10 @@ TEST_F(GlobalTest, FirstRunShowsNothing) {
         EXPECT_EQ(MGlobal::PathKind(folder_ / "Data"), 1);
     }
     Save("SuppData.tmp", "left behind by a crash");
-    Load("", "", "");
-    EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
-    EXPECT_EQ(MGlobal::SuppTables().GetBasePointCost("RIFLE"), 12);
-    EXPECT_EQ(
-        MGlobal::SyncRosterWithArmyList() + MGlobal::SyncArmyListWithEquipment() + MGlobal::RecalculateEquipment(), "");
+    Load();
+    EXPECT_EQ(MGlobal::SyncRosterWithArmyList() + MGlobal::SyncArmyListWithEquipment(), "");
     MGlobal::PromptSaveModified(-1);
-    EXPECT_FALSE(MGlobal::IsFileModified(0) || MGlobal::IsFileModified(3) || MGlobal::IsFileModified(-1));
+    EXPECT_FALSE(MGlobal::IsFileModified(3) || MGlobal::IsFileModified(-1));
 }
 
 TEST_F(GlobalTest, FileInPlaceOfTheDataFolderIsToldInItalian) {
@@ -79,7 +77,7 @@ TEST_F(GlobalTest, WorkingFilesComeFromTheSettings) {
     EXPECT_TRUE(MApp::Profile().WriteProfile("Files", "ArmyListFile", Save("a.v2l", kList)));
     EXPECT_TRUE(MApp::Profile().WriteProfile("Files", "ArmyRosterFile", Save("a.v2r", kRoster)));
     MGlobal::ReadWorkingFileNames();
-    MGlobal::LoadWorkingFiles();
+    Load();
     EXPECT_EQ(MGlobal::ArmyTables().ArmyWeapons().Count(), 1);
     EXPECT_EQ(MGlobal::ArmyList().ArmyUnits().Count(), 2);
     EXPECT_EQ(MGlobal::ArmyRoster().PointCost(), 25);
@@ -102,68 +100,57 @@ TEST_F(GlobalTest, EachFailureToLoadHasItsMessage) {
     Scramble({"\"#VD_VER\",2,2", "0,0,0", "\"#CX\",0"});
     Expect(BoxKind::Warning, "Error while reading support tables (0: ).");
     Expect(BoxKind::Critical, "Error while reading support tables.");
-    Load("", "", "");
+    Load();
     EXPECT_TRUE(MGlobal::HasSuppTables());
-    EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
 
     fs::create_directory(folder_ / "SuppData.tmp");
     Expect(BoxKind::Critical,
            "Error while reading support tables (check disk space and file permission to the application directory).");
-    Load("", "", "");
+    Load();
     fs::remove(folder_ / "SuppData.tmp");
-
     Save("SuppData.vdx", "a\tb\r\n");
-    EXPECT_EQ(ErrorOf([&] { Load("", "", ""); }), 5);  // ends the run
+    EXPECT_EQ(ErrorOf([&] { Load(); }), 5);  // ends the run
     EXPECT_FALSE(fs::exists(folder_ / "SuppData.tmp"));
 }
 
 TEST_F(GlobalTest, AsksAboutModifiedDocumentsInOrder) {
-    Load("", "", "");
+    Load();
+    MGlobal::SetEquipmentFile(folder_ / "none/a.v2q");
+    MGlobal::SetArmyListFile(folder_ / "a.v2l");
     for (std::int16_t index = 0; index < 4; ++index)
         MGlobal::SetFileModified(index, true);
     ExpectQuestion("Army Roster", BoxAnswer::No);
     MGlobal::PromptSaveModified(1);
-    EXPECT_TRUE(MGlobal::IsFileModified(1));
     ExpectQuestion("Equipment List", BoxAnswer::Yes);
-    Expect(BoxKind::Warning, "Error while writing equipment list.");  // it has no path
-    MGlobal::PromptSaveModified(2);
-    MGlobal::SetEquipmentFile(folder_ / "a.v2q");
-    MGlobal::SetArmyListFile(folder_ / "none/a.v2l");
-    ExpectQuestion("Equipment List", BoxAnswer::Yes);
+    Expect(BoxKind::Warning, "Error while writing equipment list.");
     ExpectQuestion("Army List", BoxAnswer::Yes);
-    Expect(BoxKind::Warning, "Error while saving army list.");
     ExpectQuestion("Army Roster", BoxAnswer::Yes);
-    Expect(BoxKind::Warning, "Error while saving army roster.");
+    Expect(BoxKind::Warning, "Error while saving army roster.");  // it has no path
     MGlobal::PromptSaveModified(-1);
-    EXPECT_TRUE(MGlobal::IsFileModified(0) && MGlobal::IsFileModified(1));
-    EXPECT_EQ(MGlobal::PathKind(folder_ / "a.v2q"), -1);
-    MGlobal::PromptSaveModified(2);
-    ExpectQuestion("Army List", BoxAnswer::No);
+    EXPECT_TRUE(!MGlobal::IsFileModified(0) && MGlobal::IsFileModified(1) && MGlobal::IsFileModified(2));
+    EXPECT_EQ(MGlobal::PathKind(folder_ / "a.v2l"), -1);
     MGlobal::PromptSaveModified(0);
 }
 
-TEST_F(GlobalTest, RosterTakesItsSummariesFromTheList) {
+TEST_F(GlobalTest, ListTakesEquipmentThenSquadsTheirMembersAndTheRosterItsUnits) {
     const std::string more = Lines({"[UNITLIST_2]", "ENTRY=#MU", "FULLINFO=0", "NAME=SQUAD", "QUANTITY=2", "POINTS=1,1",
                                     "[UNITLIST_3]", "ENTRY=#MU", "FULLINFO=0", "NAME=lost \xE9", "POINTS=1,1"});
-    Load("", Changed(kList, "STATS=10,5", "STATS=10,4"), Changed(kRoster, "COUNT=1", "COUNT=3") + more);
-    CUnitList& units = MGlobal::ArmyRoster().ArmyUnits();
-    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "\r\nlost \xE9");
-    EXPECT_EQ(units.Item(1).EquippedPointCost(), 35);  // 2 x (5 + 10 + 2.5)
-    EXPECT_EQ(units.Item(1).Quantity(), 2);
-    EXPECT_FALSE(units.Item(1).FullInfo() || MGlobal::IsFileModified(1));
-    EXPECT_EQ(units.Item(2).Name(), "Squad");
-    EXPECT_EQ(units.Item(2).EquippedPointCost(), 50);  // two of them, of the member's stored 25
-    units.Item(3).SetFullInfo(true);
-    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "");
-}
-
-TEST_F(GlobalTest, ListTakesEquipmentFirstAndThenSquadMembers) {
-    Load(kTables, Changed(kList, "QUANTITY=2\r\nPOINTS=20,25\r\nSTATS", "QUANTITY=1\r\nPOINTS=20,25\r\nSTATS"), "");
+    Load(kTables, Changed(kList, "QUANTITY=2\r\nPOINTS=20,25\r\nSTATS", "QUANTITY=1\r\nPOINTS=20,25\r\nSTATS"),
+         Changed(kRoster, "COUNT=1", "COUNT=3") + more);
     CUnitList& units = MGlobal::ArmyList().ArmyUnits();
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "");
     EXPECT_EQ(units.Item("guard").EquippedPointCost(), 20);  // 10, and the weapon of 10
     EXPECT_FALSE(units.Item("guard").AsUnit()->EqList().Item(1).FullInfo());
     EXPECT_EQ(units.Item("squad").EquippedPointCost(), 3 * 2 * 20);
+
+    CUnitList& roster = MGlobal::ArmyRoster().ArmyUnits();
+    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "\r\nlost \xE9");
+    EXPECT_EQ(roster.Item(1).EquippedPointCost(), 2 * 20);
+    EXPECT_FALSE(roster.Item(1).FullInfo());
+    EXPECT_EQ(roster.Item(2).Name(), "Squad");
+    EXPECT_EQ(roster.Item(2).EquippedPointCost(), 2 * 2 * 20);
+    roster.Item(3).SetFullInfo(true);
+    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "");
 
     MGlobal::ArmyTables().Clear();
     units.Item("squad").AsSquad()->Units().Item(1).SetName("Gone");
@@ -175,25 +162,39 @@ TEST_F(GlobalTest, ListTakesEquipmentFirstAndThenSquadMembers) {
               "\r\nUNIT: Guard, WEAPON: Laser\r\nUNIT: Guard, ACCESSORY: Plate\r\nUNIT: Gone");
 }
 
-TEST_F(GlobalTest, SquadThatHoldsItselfIsRenewedOnce) {
-    const std::string itself =
-        Lines({"[UNITLIST_1]", "ENTRY=#MU", "FULLINFO=1", "NAME=S", "POINTS=0,0", "[UNITLIST_1_UNITLIST]", "ENTRY=#UL",
-               "SORTED=0", "INDEXED=0", "COUNT=1", "[UNITLIST_1_UNITLIST_1]", "ENTRY=#MU", "FULLINFO=0", "NAME=s",
-               "QUANTITY=4", "POINTS=0,0"});
-    Load("", Changed(kList.substr(0, kList.find("[UNITLIST_1]")), "COUNT=2", "COUNT=1") + itself, "");
+std::shared_ptr<CGenUnit> SquadSummary(char name) {
+    auto squad = std::make_shared<CGenUnit>();
+    squad->NewUnit(CGenUnit::Squad);
+    squad->SetName(std::string(1, name));
+    squad->SetFullInfo(false);
+    return squad;
+}
+
+TEST_F(GlobalTest, SquadsThatNameEachOtherAreRenewedOnceOrRefused) {
+    Load();
+    CUnitList& units = MGlobal::ArmyList().ArmyUnits();
+    units.Add(SquadSummary('S'));
+    CMultUnit& itself = *units.Item("S").AsSquad();
+    itself.Add(SquadSummary('s'), "");
+    itself.Units().Item(1).SetQuantity(4);
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "");
-    const CGenUnit& squad = MGlobal::ArmyList().ArmyUnits().Item(1);
-    const CGenUnit& member = squad.AsSquad()->Units().Item(1);
-    EXPECT_EQ(member.Name(), "S");
-    EXPECT_EQ(member.Quantity(), 4);
-    EXPECT_EQ(squad.EquippedPointCost(), 0);
+    EXPECT_EQ(itself.Units().Item(1).Name(), "S");
+    EXPECT_EQ(itself.Units().Item(1).Quantity(), 4);
+
+    // Each squad holds the one before it in the list twice: what the next one copies doubles every time.
+    for (char name = 'A'; name <= 'Z'; ++name) {
+        units.Add(SquadSummary(name));
+        for (int twice = 0; twice < 2; ++twice)
+            units.Item(std::string(1, name)).AsSquad()->Add(SquadSummary(static_cast<char>(name - 1)), "");
+    }
+    EXPECT_EQ(ErrorOf([] { MGlobal::SyncArmyListWithEquipment(); }), 7);
 }
 
 TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
     const std::string more = Lines({"[WEAPONLIST_2]", "ENTRY=#W", "FULLINFO=0", "NAME=Note", "CLASS=Rifle",
                                     "POINTS=1,1", "[WEAPONLIST_3]", "ENTRY=#W", "FULLINFO=1", "NAME=Odd", "CLASS=Sling",
                                     "POINTS=7,7", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0", "PROP3=1,1,0,0"});
-    Load(Changed(kTables, "COUNT=1", "COUNT=3") + more, "", "");
+    Load(Changed(kTables, "COUNT=1", "COUNT=3") + more);
     MGlobal::ArmyTables().ArmyAccessories().Item(1).SetFullInfo(false);
     Expect(BoxKind::Critical, "Invalid Weapon Class: \"Sling\".");
     EXPECT_EQ(MGlobal::RecalculateEquipment(), "\r\nACCESSORY: Plate\r\nWEAPON: Note");
@@ -204,24 +205,6 @@ TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
 TEST(Global, ExtensionsAreCompletedExactly) {
     EXPECT_EQ(MGlobal::EnsureExtension("/a/b.v2q", ".v2q"), "/a/b.v2q");
     EXPECT_EQ(MGlobal::EnsureExtension("/a/b.V2Q", ".v2q"), "/a/b.V2Q.v2q");
-}
-
-TEST_F(GlobalTest, SquadsThatUnfoldWithoutEndAreRefused) {
-    // Each squad holds the one before it in the list twice: what the next one copies doubles every time.
-    Load("", "", "");
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        auto squad = std::make_shared<CGenUnit>();
-        squad->NewUnit(CGenUnit::Squad);
-        squad->SetName(std::string(1, letter));
-        for (int twice = 0; twice < 2; ++twice) {
-            auto member = std::make_shared<CGenUnit>();
-            member->NewUnit(CGenUnit::Squad);
-            member->SetName(std::string(1, static_cast<char>(letter - 1)));
-            squad->AsSquad()->Add(member, "");
-        }
-        MGlobal::ArmyList().ArmyUnits().Add(squad);
-    }
-    EXPECT_EQ(ErrorOf([] { MGlobal::SyncArmyListWithEquipment(); }), 7);
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // The sample of the previous release, brought in bottom up as a player does.
 
-#include <algorithm>
-
 #include "core/files/hide_utils.h"
 #include "core/state/app.h"
 #include "core/state/global.h"
@@ -16,13 +14,6 @@
 namespace {
 
 const std::string kSample = SOURCE_DIR "/data/v1/Tallow Guard.vd";
-
-std::ptrdiff_t Occurrences(const std::string& text, const std::string& part) {
-    std::ptrdiff_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-        ++count;
-    return count;
-}
 
 /// Starts with the rule tables that the program is built with, and empty documents.
 class V1SampleTest : public CoreTest {
@@ -104,41 +95,6 @@ TEST_F(V1SampleTest, ImportedBottomUpEverythingIsFound) {
     const double total =
         78 + 2 * 139 + 87.5 + 2 * 48.375 + (15 + 7 + 2 * 5 + 11.25 + 7.5) + (27 + 38.25 + 5) + (68.5 + 34.5);
     EXPECT_EQ(MGlobal::ArmyRoster().PointCost(), total);
-
-    // The converted files hold the same army.
-    MGlobal::SetEquipmentFile(folder_ / "t.v2q");
-    MGlobal::SetArmyListFile(folder_ / "t.v2l");
-    MGlobal::SetArmyRosterFile(folder_ / "t.v2r");
-    ASSERT_TRUE(tables.WriteInfo(folder_ / "t.v2q") && MGlobal::ArmyList().WriteInfo(folder_ / "t.v2l") &&
-                MGlobal::ArmyRoster().WriteInfo(folder_ / "t.v2r"));
-    MGlobal::LoadWorkingFiles();
-    ExpectUnitCosts();
-    EXPECT_EQ(MGlobal::SyncArmyListWithEquipment() + MGlobal::SyncRosterWithArmyList(), "");
-    ExpectUnitCosts();
-    EXPECT_EQ(MGlobal::ArmyRoster().PointCost(), total);
-}
-
-TEST_F(V1SampleTest, WithoutEquipmentEachItemIsMissed) {
-    ASSERT_TRUE(MGlobal::ArmyList().ImportInfoV1(kSample + "l"));
-    const std::string missing = MGlobal::SyncArmyListWithEquipment();
-    EXPECT_EQ(missing.find("\r\nUNIT: Abb\xE9 of the Wick, WEAPON: Brass Snuffer\r\n"), 0U);
-    // Eleven units: 1, 2, 1, 1, 1, 2, 1, 1, 1, 2, 1 weapons and 2, 2, 1, 0, 1, 2, 2, 1, 0, 1, 1 accessories. The
-    // members of the squads stand in the list itself.
-    EXPECT_EQ(Occurrences(missing, ", WEAPON: "), 14);
-    EXPECT_EQ(Occurrences(missing, ", ACCESSORY: "), 13);
-    EXPECT_EQ(Occurrences(missing, "\r\n"), 27);
-    // What can't be found keeps the cost that the file gave it.
-    ExpectUnitCosts();
-}
-
-TEST_F(V1SampleTest, FilesKeepTheLineEndsAndCodePageOfTheirForm) {
-    for (const char kind : {'q', 'l', 'r'}) {
-        const std::string bytes = ReadBytes(kSample + kind);
-        EXPECT_TRUE(bytes.starts_with("\"#VD_VER\",1,0\r\n") && bytes.ends_with("\r\n")) << kind;
-        EXPECT_EQ(Occurrences(bytes, "\r\n"), std::ranges::count(bytes, '\n')) << kind;
-        // An accented letter is one byte in the code page; in UTF-8 it would be two, from C3 on.
-        EXPECT_EQ(bytes.find('\xC3'), std::string::npos) << kind;
-    }
 }
 
 }  // namespace

@@ -28,6 +28,15 @@ class PageBrowserTest : public CoreTest {
         WriteBytes(folder_ / "page.html", content);
         browser_.Navigate("file:\\\\" + folder_ / "page.html");
     }
+    void PrintTo(const std::string& path, QPrinter::PrinterMode mode = QPrinter::ScreenResolution) {
+        platform_.ExpectPrint(true, [&](IPrintJob& job) {
+            QPrinter printer(mode);
+            printer.setPageSize(QPageSize(QPageSize::A4));
+            printer.setOutputFileName(QString::fromStdString(path));
+            dynamic_cast<CPrintJob&>(job).Print(printer);
+        });
+        browser_.Print();
+    }
     std::string Text() { return browser_.toPlainText().trimmed().toStdString(); }
     int PixelsOf(const QColor& colour) {
         const QImage image = browser_.grab().toImage();
@@ -139,15 +148,7 @@ TEST_F(PageBrowserTest, PrintsDarkOnWhite) {
     ShowPage(Page(content));
     platform_.ExpectPrint(false);
     browser_.Print();
-    platform_.ExpectPrint(true, [this](IPrintJob& job) {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setPageSize(QPageSize(QPageSize::A4));
-        printer.setOutputFileName(QString::fromStdString(folder_ / "out.pdf"));
-        dynamic_cast<CPrintJob&>(job).Print(printer);
-    });
-    browser_.Print();
-
+    PrintTo(folder_ / "out.pdf", QPrinter::HighResolution);
     const QByteArray pdf = QByteArray::fromStdString(ReadBytes(folder_ / "out.pdf"));
     const auto pages = pdf.count("/Type /Page\n");
     EXPECT_TRUE(pages >= 3 && pages <= 5) << pages;
@@ -173,26 +174,17 @@ TEST_F(PageBrowserTest, PrintsDarkOnWhite) {
 TEST_F(PageBrowserTest, HostileMarkupEndsInTime) {
     ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
     const std::string pipe = "file://" + folder_ / "pipe";
-    const auto times = [](int count, const std::string& text) {
-        std::string all;
-        while (count-- > 0)
-            all += text;
-        return all;
-    };
+    const auto times = [](int count, const QString& text) { return text.repeated(count).toStdString(); };
     for (const std::string& content :
-         {times(20000, "<table><tr><td>"), times(20000, "<b>x"), std::string("&#64976;&#65532;<table>&#64977;"),
-          std::string("a<"), std::string("<table width=\"x>"), std::string("<table><tr><td colspan=99999999>x</table>"),
+         {times(20000, QStringLiteral("<table><tr><td>")), times(20000, QStringLiteral("<b>x")),
+          std::string("&#64976;&#65532;<table>&#64977;"), std::string("a<"), std::string("<table width=\"x>"),
+          std::string("<table><tr><td colspan=99999999>x</table>"),
           "<table background=\"" + pipe + "\"><tr><td style=\"background-image:url(" + pipe + ")\">x</table>",
           "<link rel=\"stylesheet\" href=\"" + pipe + "\"><style>@import url(\"" + pipe + "\");</style>",
           std::string("whole")}) {
         ShowPage(Page(content));
         browser_.grab();
-        platform_.ExpectPrint(true, [this](IPrintJob& job) {
-            QPrinter printer;
-            printer.setOutputFileName(QString::fromStdString(folder_ / "hostile.pdf"));
-            dynamic_cast<CPrintJob&>(job).Print(printer);
-        });
-        browser_.Print();
+        PrintTo(folder_ / "hostile.pdf");
     }
     EXPECT_EQ(Text(), "whole");
 }
