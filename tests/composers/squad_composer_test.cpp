@@ -24,13 +24,14 @@ class SquadComposerTest : public ComposerTest {
         EXPECT_EQ(Control<QXFrame>("frmTarget").Caption(), "Units in Squad: " + std::to_string(rows.ListCount()));
         return text + " = " + Text("tedPointCost");
     }
-    void TypeQuantity(int row, const char* text) {
+    void TypeQuantity(int row, const char* text, bool confirmed = true) {
         Do("lstSquadUnits#" + std::to_string(row));
         MFormDriver::Press(*form_, "lstSquadUnits", Qt::Key_F2);
         auto* editor = Control<QXEditList>("lstSquadUnits").findChild<QLineEdit*>();
         ASSERT_NE(editor, nullptr);
         editor->selectAll();
         QTest::keyClicks(editor, text);
+        if (!confirmed) return;
         QTest::keyClick(editor, Qt::Key_Return);
         QApplication::processEvents();                                    // the key commits the text,
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // and the editor goes
@@ -84,10 +85,19 @@ TEST_F(SquadComposerTest, QuantitiesAreEditedInPlace) {
     ExpectClosing("0");
 }
 
+TEST_F(SquadComposerTest, AQuantityStillInItsEditorCountsAtClosing) {
+    TypeQuantity(0, "3", false);
+    Ask("U+", "PATROL");
+    MFormDriver::CloseWindow(*form_);
+    EXPECT_EQ(Units().Item("PATROL").EquippedPointCost(), 71.5);
+}
+
 TEST_F(SquadComposerTest, EachStepOfComposingIsAnEdit) {
     const std::tuple<const char*, const char*, const char*> kSteps[] = {
         {"lstSquadUnits#0 cmdUnitMoveDown", "Patrol: 1 Cart 1 Archer = 50.5", "R<"},
         {"lstSquadUnits#1 cmdUnitMoveUp", "Patrol: 1 Cart 1 Archer = 50.5", "R>"},
+        {"lstUnits##0 lstSquadUnits#2 cmdUnitMoveUp lstSquadUnits#0 cmdUnitMoveDown",  // both equal ones
+         "Patrol: 1 Archer 1 Archer 1 Cart = 61", "AVR<>"},
         {"lstSquadUnits#1 cmdRemoveUnit", "Patrol: 1 Archer = 10.5", ""},
         {"lstUnits##0", "Patrol: 1 Archer 1 Cart 1 Archer = 61", "AV"}};
     for (const auto& [actions, squad, canDo] : kSteps) {

@@ -68,7 +68,7 @@ TEST_F(Form, WindowsXAndEscapeRunTheClosingStepsUnlessRefusedOrAHandlerRuns) {
         close();
         EXPECT_EQ(form.Log(), "query ");
         // The desktop's end of the session, while a box is up.
-        form.Handle([&] { MFormDriver::CloseWindow(form); });
+        form.Handle(close);
         EXPECT_EQ(form.Log(), "");
         EXPECT_TRUE(form.Visible());
         form.refuse = false;

@@ -91,9 +91,11 @@ TEST(KeyedList, ShiftsMoveByPositionOrExactKey) {
     for (const char* name : {"first", "second", "third"})
         plain.Add(NewItem(name, "SAME"));
     EXPECT_FALSE(plain.Exists("SAME"));
+    EXPECT_EQ(plain.MoveUp(3) + plain.MoveUp(3) + plain.MoveDown(2) + plain.MoveDown(3), 2 + 2 + 3 + 0);
+    EXPECT_EQ(Names(plain) + plain.Item(2).Key(), "first third second SAME");
     EXPECT_EQ(plain.ShiftObjUp(3), 2);  // goes in under its key
     EXPECT_EQ(plain.ShiftObjUp(3), 0);  // the key is taken now, and the element lost
-    EXPECT_EQ(Names(plain), "first third ");
+    EXPECT_EQ(Names(plain), "first second ");
 }
 
 TEST(KeyedList, UpdateFilesAnewAndCanLose) {

@@ -128,11 +128,13 @@ TEST_F(UnitMakerTest, EquipsAndOrdersWhatTheClassMayCarry) {
     EXPECT_EQ(Items("lstUnitEquipment") + CanDo(), "carbine* Arquebus Arquebus Plate Plate Plate AR>");
     Do("cmdItemMoveDown");
     EXPECT_EQ(Items("lstUnitEquipment") + CanDo(), "Arquebus carbine* Arquebus Plate Plate Plate AR<>");
+    DoAll("lstUnitEquipment#0 cmdItemMoveDown lstUnitEquipment#2 cmdItemMoveUp");  // both equal ones
+    EXPECT_EQ(Items("lstUnitEquipment"), "carbine Arquebus* Arquebus Plate Plate Plate ");
 
     // What was taken stays when its record has gone.
     Accessories().Remove("PLATE");
     Weapons().Remove("CARBINE");
-    for (const auto& [row, name] : {std::pair{"#5", "Plate"}, {"#1", "carbine"}}) {
+    for (const auto& [row, name] : {std::pair{"#5", "Plate"}, {"#0", "carbine"}}) {
         Do(std::string("lstUnitEquipment") + row);
         EXPECT_EQ(Label("lblSpecialDescr(1)"), name + std::string(":\r\nUNABLE TO RETRIEVE INFORMATION"));
     }
@@ -167,6 +169,12 @@ TEST_F(UnitMakerTest, AVehicleNeedsACrewAndAUnitAName) {
     TakeRow(0);
     Ask("U-", "CART");
     Do(kAddToDb);
+}
+
+TEST_F(UnitMakerTest, AUnitOfAnUnknownTypeIsShownWithoutOne) {
+    AddUnit("Odd").SingleUnit().SetUnitType(INT32_MAX);
+    TakeRow(0);
+    EXPECT_EQ(Text("tedName") + Lit("optUnit") + (Shown("imgUnit") ? "!" : ""), "Odd");
 }
 
 TEST_F(UnitMakerTest, LeavesSquadsOut) {
