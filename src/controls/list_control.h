@@ -81,7 +81,9 @@ class CListControl : public CControl<Base> {
         const int before = ListIndex();
         const int key = event->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (before >= 0 && !event->isAutoRepeat()) this->RaiseByUser(enter_);
+            // The one that ends the editing of a row comes here too.
+            const bool editing = this->state() == QAbstractItemView::EditingState;
+            if (before >= 0 && !editing && !event->isAutoRepeat()) this->RaiseByUser(enter_);
             event->accept();
             return;
         }
