@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr double kReadable = 4.0;  // contrast
+constexpr double kReadable = 4.0;       // contrast
+constexpr QChar kBreakHere(u'\u200B');  // of no width
 
 }  // namespace
 
@@ -54,20 +55,30 @@ void QXLabel::LookChanged() {
     update();
 }
 
-// Lines break between words, but anywhere where a word is longer than a line: nothing is cut off.
-int QXLabel::WrapFlags(int inner) const {
-    if (!wordWrap()) return 0;
-    const QRect line(0, 0, inner, QWIDGETSIZE_MAX);
-    const QRect bounds = fontMetrics().boundingRect(line, Qt::TextWordWrap, ForDisplay(FromAnsi(caption_)));
-    return bounds.width() > inner ? Qt::TextWrapAnywhere : Qt::TextWordWrap;
+// Lines break between words; a word longer than a line may break anywhere, so that nothing is cut off.
+QString QXLabel::Wrapped(int inner) const {
+    QString text = ForDisplay(FromAnsi(caption_));
+    if (!wordWrap()) return text;
+    const QFontMetrics metrics(font());
+    qsizetype begin = 0;
+    while (begin < text.size()) {
+        qsizetype end = begin;
+        while (end < text.size() && !text[end].isSpace())
+            ++end;
+        if (metrics.horizontalAdvance(text.mid(begin, end - begin)) > inner) {
+            for (; ++begin < end; ++begin, ++end)
+                text.insert(begin, kBreakHere);
+        }
+        begin = end + 1;
+    }
+    return text;
 }
 
 // Slanted letters reach beyond their advance, so a little room is kept at both ends.
 QSize QXLabel::TextSize(int width) const {
     const QFontMetrics metrics(font());
     const int inner = wordWrap() ? std::max(1, width - 2 * padding_) : QWIDGETSIZE_MAX;
-    const QRect bounds =
-        metrics.boundingRect(QRect(0, 0, inner, QWIDGETSIZE_MAX), WrapFlags(inner), ForDisplay(FromAnsi(caption_)));
+    const QRect bounds = metrics.boundingRect(QRect(0, 0, inner, QWIDGETSIZE_MAX), WrapFlag(), Wrapped(inner));
     const int slant = font().italic() || metrics.minRightBearing() < -2 ? metrics.height() / 5 : 0;
     return QSize(bounds.width() + 2 * padding_ + slant, std::max(bounds.height(), metrics.height()) + 2 + padding_);
 }
@@ -93,5 +104,5 @@ void QXLabel::paintEvent(QPaintEvent* /*event*/) {
     const QColor text = ReadableOn(ground, Fore(), kReadable);
     painter.setPen(isEnabled() ? text : Mix(text, ground, 0.45));
     const QRect area = rect().adjusted(padding_, 0, -padding_, 0);
-    painter.drawText(area, static_cast<int>(alignment()) | WrapFlags(area.width()), ForDisplay(FromAnsi(caption_)));
+    painter.drawText(area, static_cast<int>(alignment()) | WrapFlag(), Wrapped(area.width()));
 }

@@ -30,7 +30,8 @@ class QXLabel : public CControl<QLabel> {
 
   private:
     QSize TextSize(int width) const;
-    int WrapFlags(int inner) const;
+    int WrapFlag() const { return wordWrap() ? Qt::TextWordWrap : 0; }
+    QString Wrapped(int inner) const;
 
     std::string caption_;
     int padding_ = 0;
