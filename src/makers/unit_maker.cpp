@@ -341,7 +341,7 @@ void FUnitMaker::cmdAddItem_Click() {
         const auto item = std::make_shared<CEqItem>();
         item->NewItem(accessory ? CEqItem::Accessory : CEqItem::Weapon);
         if (item->EqType() == CEqItem::Empty) {
-            MPlatform::ShowPlain(std::string("Cannot add ") + (accessory ? "accessory" : "weapon") + " (" +
+            MPlatform::ShowPlain((accessory ? "Cannot add accessory (" : "Cannot add weapon (") +
                                  MAnsiText::ToUtf8(MGlobal::LastErrorText()) + ").");
         }
         item->Clone(*(accessory ? StoredAccessories() : StoredWeapons()).Share(lstEquipment.Text()));

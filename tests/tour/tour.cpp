@@ -1,188 +1,164 @@
-// The guided tour: drives the whole program as a player would, real windows, boxes and dialogs included, from an empty
-// home to a saved roster page. It checks what it sees and leaves a picture of every form, in both skins, and the pages
-// that it made.
-//
-// tour <folder for pictures and pages>
+#include "tour/tour.h"
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <algorithm>
 
 #include "controls/ansi_qt.h"
-#include "controls/qt_application.h"
-#include "controls/qt_platform.h"
-#include "shell/main_procedure.h"
-#include "tour/composer_chapter.h"
-#include "tour/maker_chapter.h"
-#include "tour/setup_chapter.h"
-#include "tour/squad_chapter.h"
-#include "tour/unit_chapter.h"
+#include "core/state/global.h"
+#include "equipment/army_tables.h"
+#include "units/army_list.h"
+#include "units/army_roster.h"
 
 namespace {
 
-using namespace Qt::StringLiterals;
+using CCounts = QList<int>;
 
-// The real platform, at home in a folder of the tour's own.
-class CTourPlatform : public CQtPlatform {
-  public:
-    CTourPlatform(std::string home, CGuide& guide) : home_(std::move(home)), guide_(guide) {}
-
-    std::string ApplicationFolder() const override { return home_; }
-    std::string ExecutableName() const override { return "vdtools2"; }
-    void ProcessEvents() override {
-        CQtPlatform::ProcessEvents();
-        if (splashSeen_) return;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() != "FSplash"_L1 || !window->isVisible()) continue;
-            guide_.Picture(*window, u"splash"_s);
-            splashSeen_ = true;
-        }
-    }
-    bool SplashSeen() const { return splashSeen_; }
-
-  private:
-    std::string home_;
-    CGuide& guide_;
-    bool splashSeen_ = false;
-};
-
-bool CopyAll(const QString& from, const QString& to) {
-    const QDir folder(from);
-    const QStringList names = folder.entryList(QDir::Files);
-    return !names.isEmpty() && std::all_of(names.begin(), names.end(), [&](const QString& name) {
-        return QFile::copy(folder.filePath(name), to + name);
-    });
+CCounts Count(CArmyTables& tables, CArmyList& list, CArmyRoster& roster) {
+    return {int(tables.ArmyWeapons().Count()), int(tables.ArmyAccessories().Count()), int(list.ArmyUnits().Count()),
+            int(roster.ArmyUnits().Count())};
 }
 
-// What an installation gives a new player: the support file and the sample army, with settings that name it. He has
-// brought an army of the previous release along.
-bool FurnishHome(const QString& home) {
-    const QString data = home + u"/Data/"_s;
-    const bool copied = QDir().mkpath(data) &&
-                        QFile::copy(QStringLiteral(TOUR_SUPPORT_FILE), home + u"/SuppData.vdx"_s) &&
-                        CopyAll(QStringLiteral(TOUR_SAMPLE), data) && CopyAll(QStringLiteral(TOUR_FORMER_SAMPLE), data);
-    QFile settings(home + u"/vdtools2.ini"_s);
-    if (!copied || !settings.open(QIODevice::WriteOnly)) return false;
-    settings.write("[Files]\r\nEquipmentFile=" + QFile::encodeName(data + u"Harrow March.v2q"_s) +
-                   "\r\nArmyListFile=" + QFile::encodeName(data + u"Harrow March.v2l"_s) +
-                   "\r\nArmyRosterFile=" + QFile::encodeName(data + u"Harrow March.v2r"_s) + "\r\n");
-    return true;
+CCounts CountOnDisk(const QString& path) {
+    CArmyTables tables;
+    CArmyList list;
+    CArmyRoster roster;
+    const bool hasTables = tables.ReadInfo(ToPath(path + ".v2q"));
+    const bool hasList = list.ReadInfo(ToPath(path + ".v2l"));
+    const bool hasRoster = roster.ReadInfo(ToPath(path + ".v2r"));
+    CCounts counts = Count(tables, list, roster);
+    if (!hasTables) counts[0] = counts[1] = -1;
+    if (!hasList) counts[2] = -1;
+    if (!hasRoster) counts[3] = -1;
+    return counts;
 }
 
-// Without a display the windows open on a screen as large as the one that they are made for, not on the toolkit's small
-// one.
-void ChooseScreen(const QString& folder) {
-    if (qEnvironmentVariable("QT_QPA_PLATFORM") != "offscreen"_L1) return;
-    const double scale = qEnvironmentVariable("QT_SCALE_FACTOR", u"1"_s).toDouble();
-    QFile screen(folder + u"/screen.json"_s);
-    if (!screen.open(QIODevice::WriteOnly)) return;
-    screen.write(
-        QStringLiteral("{\"screens\": [{\"name\": \"tour\", \"x\": 0, \"y\": 0, \"width\": %1, \"height\": %2}]}")
-            .arg(int(1280 * scale))
-            .arg(int(800 * scale))
-            .toUtf8());
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
+template <class TList>
+int CountBorrowed(const TList& list) {
+    return int(std::count_if(list.begin(), list.end(), [](const auto& item) { return item.Descr() == "Borrowed"; }));
 }
-
-/// The console itself, and the information dialog behind it.
-class CConsoleChapter : public CChapter {
-  public:
-    using CChapter::CChapter;
-
-    void LookAtTheConsole(const QString& picture) {
-        guide_.At(u"FConsole"_s, u"the console opens, and tells what a button is for"_s,
-                  [this, picture](QWidget& console) {
-                      guide_.Hover(console, u"cmdArmyComposer"_s);
-                      guide_.CheckEqual(guide_.TextOf(console, u"lblTip"_s), u"Compose your army"_s, u"tip"_s);
-                      guide_.Picture(console, picture);
-                  });
-    }
-
-    void ReadAbout(const QString& picture) {
-        guide_.At(u"FConsole"_s, u"the player reads about the program"_s,
-                  [this](QWidget& console) { guide_.Click(console, u"cmdAbout"_s); });
-        guide_.At(u"FAbout"_s, u"the information dialog"_s, [this, picture](QWidget& about) {
-            guide_.Hover(about, u"cmdOK"_s);
-            guide_.Picture(about, picture);
-            guide_.Click(about, u"cmdOK"_s);
-        });
-    }
-
-    void Leave() {
-        guide_.At(u"FConsole"_s, u"quits"_s, [this](QWidget& console) { guide_.Click(console, u"cmdQuit"_s); });
-        guide_.At(u"QMessageBox"_s, u"saves the roster on the way out"_s, [this](QWidget& box) {
-            guide_.Picture(box, u"save_question"_s);
-            guide_.Answer(box, u"Yes"_s);
-        });
-    }
-};
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    if (argc != 2) {
-        QTextStream(stderr) << "usage: tour <folder for pictures and pages>\n";
-        return 2;
-    }
-    const QString folder = QFileInfo(QFile::decodeName(argv[1])).absoluteFilePath();
-    const QTemporaryDir home;
-    if (!home.isValid() || !QDir().mkpath(folder) || !FurnishHome(home.path())) {
-        QTextStream(stderr) << "The tour can't prepare its folders.\n";
-        return 2;
-    }
-    ChooseScreen(home.path());
-    CQtApplication application(argc, argv);
-    for (const QString& page : {u"/ford_watch.html"_s, u"/ford_watch.pdf"_s})
-        QFile::remove(folder + page);
+void CTour::Write() {
+    LookAround("console_scifi");
+    ReadAbout("about_scifi");
+    StartAnArmyList();
+    ImportTheFormerRelease();
+    MergeEquipment();
+    MergeUnitsAndSave();
+    OpenTheWrongFiles();
+    DesignAWeapon();
+    ChangeTheWeaponAgain();
+    DesignAnAccessory();
+    DesignAnOfficer();
+    DesignAVehicle();
+    DesignARobotFlyer();
+    FindAndSaveTheUnits();
+    SeeTheSampleSquads();
+    PickAnArmy();
+    ViewAndSaveTheRoster();
+    MindThePicture();
+    SwitchTheSkin();
+    ReadAbout("about_fantasy");
+    LookAround("console_fantasy");
+    SeeTheMakersInTheOtherSkin();
+    SeeTheUnitMakerInTheOtherSkin();
+    SeeTheComposerInTheOtherSkin();
+    ComposeAPatrol();
+    ChangeAWeapon();
+    PrintTheRoster();
+    Quit();
+}
 
-    CGuide guide(folder);
-    CTourPlatform platform(ToPath(home.path()), guide);
-    MPlatform::Install(&platform);
-    CConsoleChapter console(guide, home.path(), folder);
-    CSetupChapter setup(guide, home.path(), folder);
-    CComposerChapter composer(guide, home.path(), folder);
-    CMakerChapter maker(guide, home.path(), folder);
-    CUnitChapter unit(guide, home.path(), folder);
-    CSquadChapter squad(guide, home.path(), folder);
-    console.LookAtTheConsole(u"console_scifi"_s);
-    console.ReadAbout(u"about_scifi"_s);
-    setup.StartAnArmyList();
-    setup.ImportTheFormerRelease();
-    setup.MergeTwoArmies();
-    setup.OpenTheWrongFiles();
-    maker.DesignAWeapon();
-    maker.DesignAnAccessory();
-    unit.DesignAnOfficer();
-    unit.DesignAVehicle();
-    unit.DesignARobotFlyer();
-    unit.WalkAndSave();
-    squad.SeeTheSampleSquads();
-    composer.PickAnArmy();
-    composer.ViewAUnit();
-    composer.ViewAndSaveTheRoster();
-    composer.MindThePicture();
-    composer.LeaveTheComposer();
-    setup.SwitchTheSkin();
-    console.ReadAbout(u"about_fantasy"_s);
-    console.LookAtTheConsole(u"console_fantasy"_s);
-    maker.SeeTheOtherSkin();
-    unit.SeeTheOtherSkin();
-    composer.SeeTheOtherSkin();
-    squad.ComposeAPatrol();
-    squad.SendItToTheArmy();
-    squad.ChangeAWeapon();
-    squad.UpdateTheList();
-    squad.PrintTheRoster();
-    console.Leave();
-    guide.Start();
-    const std::unique_ptr<CForm> form = MApp::Main();
-    guide.Check(form != nullptr, u"the program didn't start"_s);
-    form->Run();
-    guide.Check(guide.Finished(), u"the program ended before the tour did"_s);
-    guide.Check(platform.SplashSeen(), u"nobody saw the splash"_s);
-    composer.CheckSavedRoster();
-    QTextStream(stdout) << "The tour is done. Pictures and pages: " << folder << "\n";
-    return 0;
+void CTour::LookAround(const QString& picture) {
+    Tell("looks at the console, which tells what a button is for");
+    console_.Hover("cmdArmyComposer").Shows("lblTip", "Compose your army").Picture(picture);
+}
+
+void CTour::ReadAbout(const QString& picture) {
+    Tell("reads about the program");
+    console_.Click("cmdAbout");
+    about_.Hover("cmdOK").Picture(picture).Click("cmdOK");
+}
+
+void CTour::Quit() {
+    Tell("quits, and saves on the way out");
+    console_.Click("cmdQuit");
+    // The deletion that was declined has left the army list counting as modified.
+    Box("Army List modified, save changes to file?", "Yes", "save_question");
+    Box("Army Roster modified, save changes to file?", "Yes");
+}
+
+void CTour::CheckTheEnd() {
+    CArmyRoster roster;
+    guide_.CheckEqual("the army on the disk", CountOnDisk(DataFile("Harrow March")), {20, 13, 32, 16});
+    guide_.Check(roster.ReadInfo(ToPath(DataFile("Harrow March.v2r"))), "The saved roster can't be read");
+    guide_.CheckEqual<QString>("its name", FromAnsi(roster.Name()), "Ford Watch");
+    guide_.CheckEqual("the place of the squad", int(roster.ArmyUnits().GetIndex("HEDGE FIRE")), 14);
+}
+
+void CTour::Then(std::function<void()> look) {
+    guide_.Add({}, {}, [look = std::move(look)](QWidget&) { look(); });
+}
+
+void CTour::Enter(const QString& button, const QString& tip) {
+    Tell("wants to " + tip.toLower());
+    console_.Hover(button).Shows("lblTip", tip).Click(button);
+}
+
+void CTour::GoTo(const CTourWindow& maker, const QString& item) {
+    maker.Click(MMenu::Modify);
+    selector_.DoubleClickRow("lstItems", item);
+}
+
+void CTour::Box(const QString& text, const QString& button, const QString& picture) {
+    box_.Shows("qt_msgbox_label", text);
+    if (!picture.isEmpty()) box_.Picture(picture);
+    box_.Answer(button);
+}
+
+void CTour::BoxToAdd(const QString& key, const QString& button, const QString& picture) {
+    Box("Add \"" + key + "\" to the list?", button, picture);
+}
+
+void CTour::FileDialog(const QString& title, const QString& name, const QString& button, const QString& picture) {
+    fileDialog_.HasTitle(title).Type("fileNameEdit", name);
+    if (!picture.isEmpty()) fileDialog_.Picture(picture);
+    fileDialog_.Answer(button);
+}
+
+void CTour::InMemory(const QList<int>& counts, const QString& modified, int borrowed) {
+    Then([=, this] {
+        CArmyTables& tables = MGlobal::ArmyTables();
+        CArmyList& list = MGlobal::ArmyList();
+        guide_.CheckEqual("the documents", Count(tables, list, MGlobal::ArmyRoster()), counts);
+        QString flags;
+        for (const auto document : {MGlobal::ArmyListDocument, MGlobal::ArmyRosterDocument, MGlobal::EquipmentDocument})
+            if (MGlobal::IsFileModified(document)) flags += QString::number(document);
+        guide_.CheckEqual("the modified documents", flags, modified);
+        const int seen = CountBorrowed(tables.ArmyWeapons()) + CountBorrowed(tables.ArmyAccessories()) +
+                         CountBorrowed(list.ArmyUnits());
+        guide_.CheckEqual("the things borrowed", seen, borrowed);
+    });
+}
+
+void CTour::OnDisk(const QString& army, const QList<int>& counts) {
+    Then([=, this] { guide_.CheckEqual(army, CountOnDisk(DataFile(army)), counts); });
+}
+
+void CTour::Holds(const QString& path, const QByteArray& text, int times) {
+    Then([=, this] {
+        const auto seen = Content(path).count(text);
+        guide_.Check(times < 0 ? seen > 0 : seen == times,
+                     QString("%1 holds %2 times, expected %3:\n%4").arg(path).arg(seen).arg(times).arg(QString(text)));
+    });
+}
+
+void CTour::Equal(const QString& path, const QString& expected) {
+    Then([=, this] { guide_.Check(Content(path) == Content(expected), path + " isn't equal to " + expected); });
+}
+
+QByteArray CTour::Content(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
