@@ -23,15 +23,11 @@ TEST(UnitFilterTest, EachFilterSelectsItsKindOfEntry) {
     flyers->SquadUnit().Add(With(CUnit::Infantry, CUnit::Flyer, 1), "");
     const std::tuple<const char*, std::shared_ptr<CGenUnit>, std::vector<std::int32_t>> kEntries[] = {
         {"squad of flyers", flyers, {All, Squads}},
-        {"slave robot", With(CUnit::SlaveRobot, CUnit::Flyer, 0), {All, Robots}},
         {"autonomous robot", With(CUnit::AutonomousRobot, CUnit::Flyer, 0), {All, Robots}},
         {"flyer, -1 is set", With(CUnit::Vehicle, CUnit::Flyer, -1), {All, Vehicles, Flyers}},
         {"sharp shooter", With(CUnit::Infantry, CUnit::SharpShooter, 1), {All, Infantry, Specials}},
         {"medic", With(CUnit::Infantry, CUnit::Medic, -1), {All, Infantry, Specials}},
-        {"ferocious", With(CUnit::Infantry, CUnit::Ferocious, 1), {All, Infantry, Specials}},
-        {"officer", With(CUnit::Infantry, CUnit::Officer, 2), {All, Infantry, Specials}},
         {"officer of -1 is none", With(CUnit::Infantry, CUnit::Officer, -1), {All, Infantry}},
-        {"heroic save", With(CUnit::SlaveRobot, CUnit::HeroicSave, 1), {All, Robots, Specials}},
         {"save of -1 is none", With(CUnit::Infantry, CUnit::HeroicSave, -1), {All, Infantry}},
     };
     for (const auto& [what, entry, filters] : kEntries) {

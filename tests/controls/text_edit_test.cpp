@@ -6,8 +6,6 @@
 #include <QClipboard>
 #include <QTest>
 
-#include "controls/color_button.h"
-#include "controls/label.h"
 #include "support/form_driver.h"
 #include "support/scripted_platform.h"
 
@@ -16,10 +14,6 @@ namespace {
 class TextEdit : public testing::Test {
   protected:
     TextEdit() {
-        form.resize(300, 200);
-        lblName.setGeometry(10, 60, 200, 50);
-        lblName.SetCaption("Name:");
-        cmdExit.setGeometry(10, 120, 200, 50);
         field.OnChange([this] { ++changes; });
         MFormDriver::Show(form);
     }
@@ -34,8 +28,6 @@ class TextEdit : public testing::Test {
     CScriptedPlatform platform;
     CForm form{"FFields"};
     QXTextEdit field{&form, "tedName"};
-    QXLabel lblName{&form, "lblName"};
-    QXColorButton cmdExit{&form, "cmdExit"};
     int changes = 0;
 };
 
@@ -89,32 +81,6 @@ TEST_F(TextEdit, WriteByCodeTellsAChangeOnlyWhenTheTextDiffersAndKeepsTheCursor)
     EXPECT_EQ(field.cursorPosition(), 2);
     field.OnChange([] { throw CRuntimeError(ErrorNumber::Overflow); });
     EXPECT_THROW(field.SetText("8"), CRuntimeError) << "the writer learns of the error";
-}
-
-TEST_F(TextEdit, SelectionOnEntrySurvivesTheClickThatEntered) {
-    field.SetText("Storm Projector");
-    field.SetAutoSelect(true);
-    for (const char* clicked : {"cmdExit", "tedName"})
-        MFormDriver::Click(form, clicked);
-    EXPECT_EQ(field.selectedText(), QStringLiteral("Storm Projector"));
-    MFormDriver::Click(form, "tedName");
-    EXPECT_FALSE(field.hasSelectedText());
-}
-
-TEST_F(TextEdit, LeavingIsAClickElsewhereInTheFormAndNotAnotherWindow) {
-    int left = 0;
-    field.OnLeave([&] { ++left; });
-    for (const char* elsewhere : {"cmdExit", "lblName"}) {  // a label takes no focus, the form behind it does
-        field.setFocus();
-        MFormDriver::Click(form, elsewhere);
-        EXPECT_EQ(std::exchange(left, 0), 1) << elsewhere;
-    }
-    field.setFocus();
-    CForm other("FOther");
-    MFormDriver::WhileModal([](CForm& up) { up.Unload(); });
-    other.ShowModal(&form);
-    EXPECT_EQ(left, 0);
-    EXPECT_EQ(field.accessibleName(), "Name") << "as its label says";
 }
 
 }  // namespace

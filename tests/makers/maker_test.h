@@ -1,13 +1,11 @@
 #pragma once
 
 #include <QTest>
-#include <QTextBrowser>
 #include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
 
-#include "controls/choice_list.h"
 #include "controls/color_button.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
@@ -22,11 +20,19 @@
 inline const std::string kNew = "cmdMenu(0)", kAddToDb = "cmdMenu(1)", kModify = "cmdMenu(2)", kViewList = "cmdMenu(3)",
                          kDelete = "cmdMenu(4)", kSave = "cmdMenu(5)";
 
+/// A rifle costs 4, a mortar 12.5, which the rules round to 12; of relics nothing is known. Infantry may carry rifles
+/// and mortars, a vehicle mortars, both what any unit may; robots may carry nothing.
+inline const std::string kRules =
+    R"("#VD_VER",2,2;0,0,0;"#CU",0;"#CW",3;"Rifle";"Mortar";"Relic";"#CA",2;"Infantry";"Any Unit";)"
+    R"("#CUW",3;"Infantry","Rifle";"Infantry","Mortar";"Vehicle","Mortar";)"
+    R"("#CUA",2;"Infantry","Any Unit";"Vehicle","Any Unit";"#CWBaP",2;"Rifle","4";"Mortar","12.5";)"
+    R"("#CWRan",0;"#CWPen",2;"Rifle","2","3","4";"Mortar","5","8","8";)";
+
 /// A maker, driven by mouse and keys, over rule tables and empty documents. What a form will do at closing tells its
 /// state from outside.
 class MakerTest : public CoreTest {
   protected:
-    MakerTest() { LoadTables(true); }
+    MakerTest() { LoadTables(kRules, ';'); }
     ~MakerTest() override {
         form_.reset();
         MFormDriver::VerifySteps();
@@ -34,20 +40,12 @@ class MakerTest : public CoreTest {
         MGlobal::Reset();
     }
 
-    /// A rifle costs 4, a mortar 12.5, which the rules round to 12; of relics nothing is known. Infantry may carry
-    /// rifles and mortars, a vehicle mortars, both what any unit may; robots may carry nothing.
-    void LoadTables(bool classes) {
+    void LoadTables(const std::string& rules, char lineEnd) {
         MGlobal::Reset();
-        const std::string rules =
-            classes ? "'#CW',3;'Rifle';'Mortar';'Relic';'#CA',2;'Infantry';'Any Unit';"
-                      "'#CUW',3;'Infantry','Rifle';'Infantry','Mortar';'Vehicle','Mortar';"
-                      "'#CUA',2;'Infantry','Any Unit';'Vehicle','Any Unit';'#CWBaP',2;'Rifle','4';'Mortar','12.5';"
-                      "'#CWRan',0;'#CWPen',2;'Rifle','2','3','4';'Mortar','5','8','8';"
-                    : "'#CW',0;'#CA',0;'#CUW',0;'#CUA',0;'#CWBaP',0;'#CWRan',0;'#CWPen',0;";
         std::string coded;
-        std::istringstream lines("'#VD_VER',2,2;0,0,0;'#CU',0;" + rules);
-        for (std::string line; std::getline(lines, line, ';'); coded += MHideUtils::EncodeLine(line) + "\r\n")
-            std::replace(line.begin(), line.end(), '\'', '"');
+        std::istringstream lines(rules);
+        for (std::string line; std::getline(lines, line, lineEnd);)
+            coded += MHideUtils::EncodeLine(line.substr(0, line.find('\r'))) + "\r\n";
         Save("SuppData.vdx", coded);
         MGlobal::LoadWorkingFiles();
     }
@@ -80,48 +78,39 @@ class MakerTest : public CoreTest {
         return *unit;
     }
     template <class TForm>
-    TForm& Open() {
+    void Open() {
         form_ = std::make_unique<TForm>();
         MFormDriver::Show(*form_);
-        return static_cast<TForm&>(*form_);
     }
-    /// "cmdExit" clicks, "tedName=x" types over the text of a field, "cmbX=1" picks the entry of a list, "lstX#1"
-    /// clicks its row, and "lstX##1" double clicks it.
-    static void Do(CForm& form, const std::string& action) {
-        const std::size_t sign = action.find_first_of("=#");
-        const QString control = QString::fromStdString(action.substr(0, sign));
-        const std::string text = sign == std::string::npos ? "" : action.substr(action.find_last_of("=#") + 1);
-        if (action.find('#') != std::string::npos) {
-            MFormDriver::ClickRow(form, control, std::stoi(text), action.find("##") != std::string::npos);
-        } else if (action.starts_with("cmb")) {
-            MFormDriver::Choose(form, control, std::stoi(text));
-        } else {
-            MFormDriver::Click(form, control);
-            if (sign == std::string::npos) return;
-            auto& field = MFormDriver::Get<QXTextEdit>(form, control);
-            field.selectAll();
-            if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
-            QTest::keyClicks(&field, QString::fromStdString(text));
+    /// Actions, without blanks in them: "cmdExit" clicks, "tedName=x" types over the text of a field, "cmbX=1" picks
+    /// the entry of a list, "lstX#1" clicks its row, and "lstX##1" double clicks it.
+    static void Do(CForm& form, const std::string& actions) {
+        std::istringstream words(actions);
+        for (std::string action; words >> action;) {
+            const std::size_t sign = std::min(action.find_first_of("=#"), action.size());
+            const QString control = QString::fromStdString(action.substr(0, sign));
+            const std::string text = action.substr(action.find_last_of("=#") + 1);
+            if (action.find('#') != std::string::npos) {
+                MFormDriver::ClickRow(form, control, std::stoi(text), action.find("##") != std::string::npos);
+            } else if (action.starts_with("cmb")) {
+                MFormDriver::Choose(form, control, std::stoi(text));
+            } else {
+                MFormDriver::Click(form, control);
+                if (sign == action.size()) continue;
+                auto& field = MFormDriver::Get<QXTextEdit>(form, control);
+                field.selectAll();
+                if (text.empty()) QTest::keyClick(&field, Qt::Key_Delete);
+                QTest::keyClicks(&field, QString::fromStdString(text));
+            }
         }
     }
-    /// Several actions, without blanks in them.
-    static void DoAll(CForm& form, const std::string& actions) {
-        std::istringstream words(actions);
-        for (std::string action; words >> action;)
-            Do(form, action);
-    }
-    void Do(const std::string& action) { Do(*form_, action); }
-    void DoAll(const std::string& actions) { DoAll(*form_, actions); }
+    void Do(const std::string& actions) { Do(*form_, actions); }
     template <class TControl = QWidget>
     TControl& Control(const std::string& name) {
         return MFormDriver::Get<TControl>(*form_, QString::fromStdString(name));
     }
-    bool Enabled(const std::string& name) { return Control(name).isEnabled(); }
-    bool Shown(const std::string& name) { return Control(name).isVisible(); }
-    QXColorButton& Button(const std::string& name) { return Control<QXColorButton>(name); }
     std::string Text(const std::string& field) { return Control<QXTextEdit>(field).Text(); }
     std::string Label(const std::string& label) { return Control<QXLabel>(label).Caption(); }
-    std::string Choice(const std::string& list) { return Control<QXChoiceList>(list).Text(); }
     /// Indexes of the buttons of an array that are on.
     std::string Lit(const std::string& array) {
         std::string lit;
@@ -132,26 +121,12 @@ class MakerTest : public CoreTest {
         return lit;
     }
     /// The rows of a list, the selected one with a star.
-    static std::string Items(CForm& form, const char* name) {
+    std::string Items(const char* name) {
         std::string items;
-        const auto& list = MFormDriver::Get<CListBox>(form, name);
+        const auto& list = Control<CListBox>(name);
         for (int row = 0; row < list.ListCount(); ++row)
             items += list.List(row) + (row == list.ListIndex() ? "* " : " ");
         return items;
-    }
-    std::string Items(const char* name) { return Items(*form_, name); }
-    /// Which of the buttons between a source and a target can be clicked: Add, View, Remove, and the moves.
-    std::string CanDo() {
-        const std::pair<const char*, char> buttons[] = {
-            {"cmdAddItem", 'A'},    {"cmdAddUnit", 'A'},      {"cmdShowSelUnit", 'V'},
-            {"cmdRemoveItem", 'R'}, {"cmdRemoveUnit", 'R'},   {"cmdItemMoveUp", '<'},
-            {"cmdUnitMoveUp", '<'}, {"cmdItemMoveDown", '>'}, {"cmdUnitMoveDown", '>'}};
-        std::string can;
-        for (const auto& [name, letter] : buttons) {
-            const auto* button = form_->findChild<QWidget*>(name);
-            if (button != nullptr && button->isEnabled()) can += letter;
-        }
-        return can;
     }
     /// Walks by N(ext) and P(revious); the names that come up.
     std::string Walk(const std::string& steps) {
@@ -194,34 +169,22 @@ class MakerTest : public CoreTest {
         Do(kModify);
         MFormDriver::Show(*form_);  // active again
     }
-    /// The button shows a page that has `text`.
-    void ExpectPage(const std::string& button, const QString& text) {
-        MFormDriver::WhileModal([=](CForm& viewer) {
-            EXPECT_TRUE(viewer.findChild<QTextBrowser*>()->toPlainText().contains(text));
-            MFormDriver::CloseWindow(viewer);
-        });
-        Do(button);
-    }
 
-    /// Indexes of the documents that are marked as modified.
-    static std::string Modified() {
+    /// Indexes of the documents that are marked as modified. Takes the marks away.
+    static std::string TakeMarks() {
         std::string indexes;
-        for (std::int16_t index = 0; index < 3; ++index)
-            indexes += MGlobal::IsFileModified(index) ? std::to_string(index) : "";
+        for (std::int16_t index = 0; index < 3; ++index) {
+            if (MGlobal::IsFileModified(index)) indexes += std::to_string(index);
+            MGlobal::SetFileModified(index, false);
+        }
         return indexes;
     }
-    static void ClearMarks() {
-        for (std::int16_t index = 0; index < 3; ++index)
-            MGlobal::SetFileModified(index, false);
-    }
-    /// Closes the form, past the boxes that are expected, and looks which document that marks. The marks are taken
-    /// away.
+    /// Closes the form, past the boxes that are expected, and looks which document that marks.
     void ExpectClosing(const std::string& marked) {
-        ClearMarks();
+        TakeMarks();
         Do("cmdExit");
         EXPECT_FALSE(form_->Visible());
-        EXPECT_EQ(Modified(), marked);
-        ClearMarks();
+        EXPECT_EQ(TakeMarks(), marked);
         platform_.Verify();
     }
 

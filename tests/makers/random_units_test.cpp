@@ -1,23 +1,13 @@
-#include <sstream>
-
 #include "makers/maker_test.h"
 #include "makers/unit_maker.h"
 
 namespace {
 
-using MFormDriver::WhileModal;
-
 /// The unit maker over the rules that the program ships and the sample army's equipment.
 class RandomUnitsTest : public MakerTest {
   protected:
     RandomUnitsTest() {
-        std::ifstream plain(SOURCE_DIR "/data/support_tables.txt");
-        std::string coded;
-        for (std::string line; std::getline(plain, line);)
-            coded += MHideUtils::EncodeLine(line.substr(0, line.find('\r'))) + "\r\n";
-        MGlobal::Reset();
-        Save("SuppData.vdx", coded);
-        MGlobal::LoadWorkingFiles();
+        LoadTables(ReadBytes(SOURCE_DIR "/data/support_tables.txt"), '\n');
         EXPECT_TRUE(MGlobal::ArmyTables().ReadInfo(SOURCE_DIR "/data/sample/Harrow March.v2q"));
         Open<FUnitMaker>();
     }
@@ -29,23 +19,18 @@ class RandomUnitsTest : public MakerTest {
         ADD_FAILURE() << name << " is not offered";
         return 0;
     }
-    static void InDialog(CForm& dialog, std::istream& words) {
-        for (std::string word; words >> word;) {
-            const QStringList parts = QString::fromStdString(word).split('=');
-            parts.size() == 1 ? MFormDriver::Click(dialog, parts[0]) : MFormDriver::Retype(dialog, parts[0], parts[1]);
-        }
-    }
     void Take(const std::string& step) {
         std::istringstream words(step);
         std::string what, name;
         words >> what >> std::ws;
+        std::getline(words, name);
         if (what == "special") {
-            WhileModal([&words](CForm& dialog) { InDialog(dialog, words); });
+            MFormDriver::WhileModal([&name](CForm& dialog) { Do(dialog, name); });
             Do("cmdSpecialProps");
         } else if (what == "remove") {
-            MFormDriver::ClickRow(*form_, "lstUnitEquipment", std::stoi(step.substr(7)));
+            MFormDriver::ClickRow(*form_, "lstUnitEquipment", std::stoi(name));
             Do("cmdRemoveItem");
-        } else if (std::getline(words, name)) {
+        } else if (!name.empty()) {
             const std::string filter = what == "weapon" ? "0" : "1";
             if (Lit("optFilter") != filter) Do("optFilter(" + filter + ")");
             MFormDriver::ClickRow(*form_, "lstEquipment", RowOf("lstEquipment", name));

@@ -19,12 +19,10 @@
 struct SWorkingFile {
     std::string stem;  // of the names of its controls
     std::string import;
-    MGlobal::Document index;
     CDocument& (*document)();
     const std::string& (*path)();
-    std::string extension;
     std::string title, kind;  // in the questions about a modified and about a new file
-    std::string failureToRead, failureToSave;
+    std::string failureToRead;
     std::string sample, sampleEntry;
 
     std::string field = "ted" + stem;
@@ -33,16 +31,14 @@ struct SWorkingFile {
 };
 
 inline const std::array<SWorkingFile, 3> kWorkingFiles = {
-    SWorkingFile{"EqFile", "cmdImportEqFile", MGlobal::EquipmentDocument,
-                 []() -> CDocument& { return MGlobal::ArmyTables(); }, &MGlobal::EquipmentFile, ".v2q",
-                 "Equipment List", "equipment list", "Error while reading equipment tables.",
-                 "Error while writing equipment tables.", kTables, "NAME=Laser"},
-    SWorkingFile{"ArmyListFile", "cmdImportArmyList", MGlobal::ArmyListDocument,
-                 []() -> CDocument& { return MGlobal::ArmyList(); }, &MGlobal::ArmyListFile, ".v2l", "Army List",
-                 "army list", "Error while reading army list.", "Error while saving army list.", kList, "NAME=Squad"},
-    SWorkingFile{"ArmyRosterFile", "cmdImportArmyRoster", MGlobal::ArmyRosterDocument,
-                 []() -> CDocument& { return MGlobal::ArmyRoster(); }, &MGlobal::ArmyRosterFile, ".v2r", "Army Roster",
-                 "army roster", "Error while reading army roster.", "Error while saving army roster.", kRoster,
+    SWorkingFile{"EqFile", "cmdImportEqFile", []() -> CDocument& { return MGlobal::ArmyTables(); },
+                 &MGlobal::EquipmentFile, "Equipment List", "equipment list", "Error while reading equipment tables.",
+                 kTables, "NAME=Laser"},
+    SWorkingFile{"ArmyListFile", "cmdImportArmyList", []() -> CDocument& { return MGlobal::ArmyList(); },
+                 &MGlobal::ArmyListFile, "Army List", "army list", "Error while reading army list.", kList,
+                 "NAME=Squad"},
+    SWorkingFile{"ArmyRosterFile", "cmdImportArmyRoster", []() -> CDocument& { return MGlobal::ArmyRoster(); },
+                 &MGlobal::ArmyRosterFile, "Army Roster", "army roster", "Error while reading army roster.", kRoster,
                  "NAME=Guard"}};
 
 /// The program just started, with rule tables and empty documents.
@@ -77,9 +73,6 @@ class SetupTest : public CoreTest {
         Open();
     }
     void Click(const std::string& control) { MFormDriver::Click(*form_, QString::fromStdString(control)); }
-    bool Enabled(const std::string& control) {
-        return MFormDriver::Find(*form_, QString::fromStdString(control))->isEnabled();
-    }
     void Expect(BoxKind kind, const std::string& text) { platform_.ExpectBox(kind, BoxButtons::Ok, text); }
     void ExpectQuestion(const std::string& text, BoxAnswer answer) {
         platform_.ExpectBox(BoxKind::Question, BoxButtons::YesNo, text, answer);

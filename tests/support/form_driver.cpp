@@ -67,11 +67,6 @@ void Click(CForm& form, const QString& objectName) {
     QTest::mouseClick(Target(form, objectName), Qt::LeftButton);
 }
 
-void DoubleClick(CForm& form, const QString& objectName) {
-    Click(form, objectName);
-    QTest::mouseDClick(Target(form, objectName), Qt::LeftButton);
-}
-
 void Type(CForm& form, const QString& objectName, const QString& text) {
     Click(form, objectName);
     Find(form, objectName)->setFocus(Qt::OtherFocusReason);
@@ -123,10 +118,6 @@ void RunEntry(CForm& form, const QString& entryName) {
     auto* entry = form.findChild<QAction*>(entryName);
     if (entry == nullptr) qFatal("%s has no %s", form.Name().c_str(), qPrintable(entryName));
     entry->trigger();
-}
-
-void CloseWindow(CForm& form) {
-    form.close();
 }
 
 void WhileModal(std::function<void(CForm& form)> step) {

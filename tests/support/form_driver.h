@@ -6,8 +6,6 @@
 
 #include "controls/form.h"
 
-class QAction;
-
 /// Drives forms as a player does: by mouse and keys, on controls found by their object name ("cmdExit", "cmdMenu(3)").
 namespace MFormDriver {
 
@@ -24,7 +22,6 @@ Control& Get(CForm& form, const QString& objectName) {
 }
 
 void Click(CForm& form, const QString& objectName);
-void DoubleClick(CForm& form, const QString& objectName);
 /// Types into a control that has been clicked first.
 void Type(CForm& form, const QString& objectName, const QString& text);
 /// Replaces the whole text of a field by typing.
@@ -39,7 +36,9 @@ void Hover(CForm& form, const QString& objectName);
 /// Runs the menu entry of that object name.
 void RunEntry(CForm& form, const QString& entryName);
 /// The window's X.
-void CloseWindow(CForm& form);
+inline void CloseWindow(CForm& form) {
+    form.close();
+}
 
 /// Queues a step that runs while the next modal form is up; steps run in the order of the forms that come up. A form
 /// that its step leaves open is closed, and the test fails.

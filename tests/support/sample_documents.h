@@ -8,11 +8,9 @@
 
 inline const std::string kTables =
     Lines({"[TOP]", "APPVERSION=2_2", "ENTRY=#ARMYTBLS", "VERSION=0", "NAME=Arsenal \xA7", "DESCR=d", "[WEAPONLIST]",
-           "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1",
-           // a weapon without properties
-           "[WEAPONLIST_1]", "ENTRY=#W", "VERSION=2", "FULLINFO=1", "NAME=Laser", "DESCR=hot", "KEY=LASER",
-           "CLASS=Rifle", "POINTS=10,10", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0", "PROP3=1,1,0,0", "[ACCESSORYLIST]",
-           "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1",
+           "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1", "[WEAPONLIST_1]", "ENTRY=#W", "VERSION=2", "FULLINFO=1",
+           "NAME=Laser", "DESCR=hot", "KEY=LASER", "CLASS=Rifle", "POINTS=10,10", "PROP2=0,0,0,0,0,0,0,0,0,0,0,0",
+           "PROP3=1,1,0,0", "[ACCESSORYLIST]", "ENTRY=#EL", "SORTED=1", "INDEXED=1", "COUNT=1",
            // PF 2, with a price of its own
            "[ACCESSORYLIST_1]", "ENTRY=#I", "VERSION=2", "FULLINFO=1", "NAME=Plate", "DESCR=", "KEY=PLATE",
            "CLASS=Armour", "POINTS=10,12.5", "PROP1=2,0", "PROP2=0,0,0,0,0"});

@@ -1,11 +1,9 @@
 #include "support/scripted_platform.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <utility>
 
-#include "core/files/runtime_error.h"
+#include "support/core_test.h"
 
 namespace {
 
@@ -23,17 +21,10 @@ BoxAnswer SafeAnswer(BoxButtons buttons) {
     return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
-IPlatform* InstalledBefore() {
-    try {
-        return &MPlatform::Current();
-    } catch (const CRuntimeError&) {
-        return nullptr;
-    }
-}
-
 }  // namespace
 
-CScriptedPlatform::CScriptedPlatform() : former_(InstalledBefore()) {
+CScriptedPlatform::CScriptedPlatform() {
+    ErrorOf([this] { former_ = &MPlatform::Current(); });  // none is installed where there are no windows
     MPlatform::Install(this);
 }
 
@@ -103,9 +94,4 @@ int CScriptedPlatform::ShellExecute(const std::string& verb, const std::string& 
                                     const std::string& folder, int showMode) {
     ShellExecutes.push_back({verb, file, parameters, folder, showMode});
     return 42;
-}
-
-void CScriptedPlatform::SetBusyPointer(bool busy) {
-    if (busy && !Busy) ++BusyCount;
-    Busy = busy;
 }

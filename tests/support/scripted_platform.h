@@ -40,7 +40,6 @@ class CScriptedPlatform : public IPlatform {
     bool Previous = false;                     ///< another instance runs
     std::vector<SShellExecute> ShellExecutes;  ///< what was opened
     std::function<void()> OnProcessEvents;
-    int BusyCount = 0;  ///< times that the busy pointer came up
     bool Busy = false;  ///< it is up now
 
     BoxAnswer ShowBox(BoxKind kind, BoxButtons buttons, const std::string& text) override;
@@ -57,7 +56,7 @@ class CScriptedPlatform : public IPlatform {
     void ProcessEvents() override {
         if (OnProcessEvents) OnProcessEvents();
     }
-    void SetBusyPointer(bool busy) override;
+    void SetBusyPointer(bool busy) override { Busy = busy; }
 
   private:
     struct SExpected {

@@ -2,13 +2,8 @@
 
 #include <sys/stat.h>
 
-#include <QApplication>
 #include <QPrinter>
 #include <QRegularExpression>
-#include <QScrollBar>
-#include <QTest>
-#include <QTextBlock>
-#include <QTextTable>
 #include <filesystem>
 
 #include "controls/colour.h"
@@ -24,10 +19,7 @@ class PageBrowserTest : public CoreTest {
         browser_.show();
     }
 
-    void ShowPage(const std::string& content) {
-        WriteBytes(folder_ / "page.html", content);
-        browser_.Navigate("file:\\\\" + folder_ / "page.html");
-    }
+    void ShowPage(const std::string& content) { browser_.Navigate("file:\\\\" + Save("page.html", content)); }
     void PrintTo(const std::string& path, QPrinter::PrinterMode mode = QPrinter::ScreenResolution) {
         platform_.ExpectPrint(true, [&](IPrintJob& job) {
             QPrinter printer(mode);
@@ -50,23 +42,14 @@ class PageBrowserTest : public CoreTest {
 };
 
 std::string Page(const std::string& content) {
-    return "<HTML>\r\n<BODY BGCOLOR=\"black\" text=\"#B0B0FF\"> <FONT FACE=\"ARIAL\">\r\n\r\n" + content +
+    return "<HTML>\r\n<BODY BGCOLOR=\"#FFFFD3\" text=\"#700000\"> <FONT FACE=\"ARIAL\">\r\n\r\n" + content +
            "\r\n</FONT></BODY>\r\n</HTML>\r\n";
-}
-
-TEST_F(PageBrowserTest, TheBodyColoursTheWholeView) {
-    ShowPage("<HTML><body text=red bgcolor='#FFFFD3'><H1>||||</H1></BODY>");
-    EXPECT_GT(PixelsOf(QColor(0xFF, 0xFF, 0xD3)), 600 * 400 * 9 / 10);
-    EXPECT_GT(PixelsOf(Qt::red), 20);
 }
 
 TEST_F(PageBrowserTest, ShowsRegularFilesOfBoundedSize) {
     ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
-    WriteBytes(folder_ / "large", "");
-    std::filesystem::resize_file(folder_ / "large", kLargestPage + 1);
+    std::filesystem::resize_file(Save("large", ""), kLargestPage + 1);
     const std::pair<std::string, std::string> cases[] = {
-        {"about:blank", ""},
-        {"http://localhost/", ""},
         {"file:\\\\/dev/zero", ""},
         {"file:\\\\" + folder_ / "gone", ""},
         {"file:\\\\" + folder_.Path(), ""},
@@ -76,69 +59,25 @@ TEST_F(PageBrowserTest, ShowsRegularFilesOfBoundedSize) {
     for (const auto& [address, text] : cases) {
         ShowPage(Page("caf\xE9 \x80 a&amp;b"));
         ASSERT_EQ(Text(), "caf\u00E9 \u20AC a&b");
+        EXPECT_GT(PixelsOf(QColor(0xFF, 0xFF, 0xD3)), 600 * 400 * 9 / 10);
         browser_.Navigate(address);
         EXPECT_EQ(Text(), text) << address;
     }
-    ShowPage("before");
-    WriteBytes(folder_ / "page.html", "after");
-    browser_.Refresh();
-    EXPECT_EQ(Text(), "after");
-}
-
-TEST_F(PageBrowserTest, FollowsNoLinkAndScrollsByKeys) {
-    WriteBytes(folder_ / "other.html", "elsewhere");
-    std::string content = "<a href=\"file://" + folder_ / "other.html" + "\">WWWWWWWWWWWWWWWWWW</a>";
-    for (int i = 0; i < 100; ++i)
-        content += "<p>line</p>";
-    ShowPage(Page(content));
-    QApplication::processEvents();
-    const QPoint link(60, browser_.cursorRect().center().y());
-    ASSERT_NE(browser_.anchorAt(link), QString());
-    QTest::mouseClick(browser_.viewport(), Qt::LeftButton, Qt::NoModifier, link);
-    QTest::keyClick(&browser_, Qt::Key_PageDown);
-    EXPECT_TRUE(Text().starts_with("WWWW"));
-    EXPECT_GT(browser_.verticalScrollBar()->value(), 200);
 }
 
 TEST_F(PageBrowserTest, PicturesComeFromPlainPaths) {
-    std::filesystem::create_directory(folder_ / "Data");
     QImage red(40, 30, QImage::Format_RGB32);
     red.fill(Qt::red);
-    for (const char* name : {"/Data/logo.png", "/50% #1.png"})
-        ASSERT_TRUE(red.save(QString::fromStdString(folder_.Path() + name)));
-    ASSERT_TRUE(red.scaled(4000, 3000).save(QString::fromStdString(folder_ / "photo.png")));
-    const std::pair<std::string, int> cases[] = {
-        {"Data/logo.png", 40 * 30},
-        {folder_ / "Data/logo.png", 40 * 30},
-        {"file://" + folder_ / "Data/logo.png", 40 * 30},
-        {"50% #1.png", 40 * 30},
-        {"http://localhost/Data/logo.png", 0},
-        {"/dev/zero", 0},
-        {"page.html", 0},
-    };
-    for (const auto& [source, pixels] : cases) {
+    ASSERT_TRUE(red.save(QString::fromStdString(folder_ / "50% #1.png")));
+    ASSERT_TRUE(red.save(QString::fromStdString(folder_ / "logo.png")));
+    for (const auto& [source, pixels] : {std::pair("file://" + folder_ / "logo.png", 40 * 30),
+                                         {"50% #1.png", 40 * 30},
+                                         {"http://localhost/50% #1.png", 0},
+                                         {"/dev/zero", 0},
+                                         {"page.html", 0}}) {
         ShowPage(Page("<img src=\"" + source + "\" alt=\"army logo\">"));
         EXPECT_EQ(PixelsOf(Qt::red), pixels) << source;
     }
-    ShowPage(Page("<img src=\"photo.png\">"));
-    EXPECT_GT(PixelsOf(Qt::red), 300 * 200);
-    EXPECT_EQ(browser_.horizontalScrollBar()->maximum(), 0);
-}
-
-// Other browsers draw a rule under a table across the page, and one empty line for one break between blocks.
-TEST_F(PageBrowserTest, RulesAndBreaksAreThoseOfOtherBrowsers) {
-    ShowPage(
-        Page("<table><tr><td>A</td><td></td></tr></table>\r\n<HR><BR>\r\n<table><tr><td>B</td></tr></table>end<br>"
-             "<p>C</p>"));
-    std::string between;
-    for (QTextBlock block = browser_.document()->begin(); block.isValid(); block = block.next()) {
-        if (QTextCursor(block).currentTable() != nullptr) continue;
-        if (block.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth)) between += "rule ";
-        if (block.text().isEmpty()) continue;
-        const QString text = block.text().trimmed();
-        between += text.isEmpty() ? "line " : text.toStdString() + " ";
-    }
-    EXPECT_EQ(between, "rule line end C ");
 }
 
 TEST_F(PageBrowserTest, PrintsDarkOnWhite) {
@@ -174,14 +113,17 @@ TEST_F(PageBrowserTest, PrintsDarkOnWhite) {
 TEST_F(PageBrowserTest, HostileMarkupEndsInTime) {
     ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
     const std::string pipe = "file://" + folder_ / "pipe";
-    const auto times = [](int count, const QString& text) { return text.repeated(count).toStdString(); };
-    for (const std::string& content :
-         {times(20000, QStringLiteral("<table><tr><td>")), times(20000, QStringLiteral("<b>x")),
-          std::string("&#64976;&#65532;<table>&#64977;"), std::string("a<"), std::string("<table width=\"x>"),
-          std::string("<table><tr><td colspan=99999999>x</table>"),
-          "<table background=\"" + pipe + "\"><tr><td style=\"background-image:url(" + pipe + ")\">x</table>",
-          "<link rel=\"stylesheet\" href=\"" + pipe + "\"><style>@import url(\"" + pipe + "\");</style>",
-          std::string("whole")}) {
+    const std::string contents[] = {
+        QStringLiteral("<table><tr><td>").repeated(20000).toStdString(),
+        QStringLiteral("<b>x").repeated(20000).toStdString(),
+        "&#64976;&#65532;<table>&#64977;",
+        "a<",
+        "<table width=\"x>",
+        "<table><tr><td colspan=99999999>x</table>",
+        "<table background=\"" + pipe + "\"><tr><td style=\"background-image:url(" + pipe + ")\">x</table>",
+        "<link rel=\"stylesheet\" href=\"" + pipe + "\"><style>@import url(\"" + pipe + "\");</style>",
+        "whole"};
+    for (const std::string& content : contents) {
         ShowPage(Page(content));
         browser_.grab();
         PrintTo(folder_ / "hostile.pdf");
