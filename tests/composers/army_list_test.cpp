@@ -45,6 +45,29 @@ TEST_F(ArmyListTest, CommandsCountAtClosingAlone) {
     Do("cmdMenu(1)");
     EXPECT_EQ(TakeMarks(), "");
     ExpectClosing("0");
+    Open<FArmyList>();
+    Question("Are you sure you want to remove all the units from the army list?");
+    Do("cmdMenu(0)");
+    EXPECT_EQ(Items("lstUnits") + TakeMarks(), "");
+    ExpectClosing("0");
+}
+
+TEST_F(ArmyListTest, ReloadLeavesTheModifiedFlagAndSpeaksOfTheRoster) {
+    MGlobal::SetArmyRosterFile("/rosters/mine");
+    for (const bool gone : {false, true}) {
+        Open<FArmyList>();
+        Do("tedName=Other");
+        MGlobal::SetFileModified(MGlobal::ArmyListDocument, true);
+        MGlobal::SetArmyListFile(folder_ / (gone ? "gone" : "list"));
+        platform_.ExpectBox(
+            BoxKind::Question, BoxButtons::OkCancel,
+            "Are you sure you want to reload the Army List? All changes since the last save will be lost!",
+            BoxAnswer::Ok);
+        if (gone) Expect(BoxKind::Warning, "File \"/rosters/mine\" does not exits.");
+        Do("cmdMenu(2)");
+        EXPECT_EQ(Text("tedName") + TakeMarks(), gone ? "Other0" : "Host0");
+        ExpectClosing("");
+    }
 }
 
 TEST_F(ArmyListTest, SaveForgetsTheEditsWhetherItSucceedsOrNot) {

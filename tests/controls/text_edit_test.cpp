@@ -83,4 +83,14 @@ TEST_F(TextEdit, WriteByCodeTellsAChangeOnlyWhenTheTextDiffersAndKeepsTheCursor)
     EXPECT_THROW(field.SetText("8"), CRuntimeError) << "the writer learns of the error";
 }
 
+TEST_F(TextEdit, SelectionOnEntrySurvivesTheClickThatEntered) {
+    field.SetText("Storm Projector");
+    field.SetAutoSelect(true);
+    form.setFocus();
+    MFormDriver::Click(form, "tedName");
+    EXPECT_EQ(field.selectedText(), QStringLiteral("Storm Projector"));
+    MFormDriver::Click(form, "tedName");
+    EXPECT_FALSE(field.hasSelectedText());
+}
+
 }  // namespace

@@ -53,4 +53,15 @@ TEST_F(AccessoryMakerTest, ATypedCostOrAClassAloneIsNoEditAndGoesLost) {
     EXPECT_EQ(Accessories().Item("PLATE").PointCost(), 12.5);
 }
 
+TEST_F(AccessoryMakerTest, WithoutAClassNothingIsStored) {
+    LoadTables(kNoRules, ';');
+    Open<FAccessoryMaker>();
+    Expect(BoxKind::Warning,
+           "No accessory type specified. Specify a type for the accessory before adding it to the database.");
+    Do("tedName=Gamma " + kAddToDb);
+    WarnWithCancel("The current accessory data is not complete/valid, it CANNOT be saved to the database.",
+                   BoxAnswer::Ok);
+    ExpectClosing("2");
+}
+
 }  // namespace

@@ -28,6 +28,9 @@ inline const std::string kRules =
     R"("#CUA",2;"Infantry","Any Unit";"Vehicle","Any Unit";"#CWBaP",2;"Rifle","4";"Mortar","12.5";)"
     R"("#CWRan",0;"#CWPen",2;"Rifle","2","3","4";"Mortar","5","8","8";)";
 
+inline const std::string kNoRules =
+    R"("#VD_VER",2,2;0,0,0;"#CU",0;"#CW",0;"#CA",0;"#CUW",0;"#CUA",0;"#CWBaP",0;"#CWRan",0;"#CWPen",0;)";
+
 /// A maker, driven by mouse and keys, over rule tables and empty documents. What a form will do at closing tells its
 /// state from outside.
 class MakerTest : public CoreTest {
@@ -121,13 +124,14 @@ class MakerTest : public CoreTest {
         return lit;
     }
     /// The rows of a list, the selected one with a star.
-    std::string Items(const char* name) {
+    static std::string Items(CForm& form, const char* name) {
         std::string items;
-        const auto& list = Control<CListBox>(name);
+        const auto& list = MFormDriver::Get<CListBox>(form, name);
         for (int row = 0; row < list.ListCount(); ++row)
             items += list.List(row) + (row == list.ListIndex() ? "* " : " ");
         return items;
     }
+    std::string Items(const char* name) { return Items(*form_, name); }
     /// Walks by N(ext) and P(revious); the names that come up.
     std::string Walk(const std::string& steps) {
         std::string names;

@@ -101,6 +101,27 @@ TEST_F(UnitMakerTest, SpecialPropertiesArePricedAtOnceAndCountOnceTheyAreConfirm
     ExpectClosing("0");
 }
 
+TEST_F(UnitMakerTest, SpecialPropertiesAreThoseOfTheEditionAndTheSkill) {
+    const std::tuple<std::int16_t, std::int16_t, std::string> kModels[] = {{2, 6, "++-"}, {2, 5, "+++"}, {2, 2, "+++"},
+                                                                           {2, 0, "++-"}, {3, 5, "+++"}, {1, 5, "---"}};
+    CUnit& unit = AddUnit("Bear").SingleUnit();
+    unit.SetSpecialProp(CUnit::Ferocious, 1);
+    for (const auto& [version, skill, offered] : kModels) {
+        unit.SetVersion(version);
+        unit.SetStatValue(CUnit::FA, skill);
+        TakeRow(0);
+        std::string seen;
+        MFormDriver::WhileModal([&seen](CForm& dialog) {
+            for (const char* name : {"chkMedic", "tedHeroicSave", "chkFerocious"})
+                seen += MFormDriver::Find(dialog, name)->isEnabled() ? '+' : '-';
+            EXPECT_TRUE(MFormDriver::Get<QXColorButton>(dialog, "chkFerocious").Value());  // stays set
+            Do(dialog, "cmdCancel");
+        });
+        Do("cmdSpecialProps");
+        EXPECT_EQ(seen, offered) << version << " " << skill;
+    }
+}
+
 TEST_F(UnitMakerTest, AVehicleWithoutACrewOrAPriceCannotBeConfirmed) {
     Do("optUnit(1)");
     Expect(BoxKind::Warning, "A vehicle must have space for at least one crew member.");
@@ -129,6 +150,9 @@ TEST_F(UnitMakerTest, EquipsAndOrdersWhatTheClassMayCarry) {
 
     // What was taken stays when its record has gone.
     Weapons().Remove("CARBINE");
+    Accessories().Remove("PLATE");
+    Do("lstUnitEquipment#3");
+    EXPECT_EQ(Label("lblSpecialDescr(1)"), "Plate:\r\nUNABLE TO RETRIEVE INFORMATION");
     Do("lstUnitEquipment#1");
     EXPECT_EQ(Label("lblSpecialDescr(1)"), "carbine:\r\nUNABLE TO RETRIEVE INFORMATION");
     Do("cmdRemoveItem lstUnitEquipment##4 lstUnitEquipment##3");

@@ -87,4 +87,14 @@ TEST_F(WeaponMakerTest, AWeaponOfAnUnknownClassShowsNameAndDescriptionAlone) {
     EXPECT_EQ(Text("tedName") + Text("tedPointCost"), "Alpha8");
 }
 
+TEST_F(WeaponMakerTest, WithoutAClassNothingIsStored) {
+    LoadTables(kNoRules, ';');
+    Open<FWeaponMaker>();
+    Expect(BoxKind::Warning,
+           "No weapon type specified. Specify a type for the weapon before adding it to the database.");
+    Do("tedName=Gamma " + kAddToDb);
+    WarnWithCancel("The current weapon data is not complete/valid, it CANNOT be saved to the database.", BoxAnswer::Ok);
+    ExpectClosing("2");
+}
+
 }  // namespace

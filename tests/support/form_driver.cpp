@@ -104,16 +104,6 @@ void Choose(CForm& form, const QString& listName, int index) {
     QTest::keyClick(view, Qt::Key_Return);
 }
 
-void Hover(CForm& form, const QString& objectName) {
-    QWidget* widget = objectName.isEmpty() ? &form : Target(form, objectName);
-    // Where the middle is a child's, as in a frame, the corner is the control's own.
-    const QPoint middle = widget->rect().center();
-    const bool corner = objectName.isEmpty() || widget->childAt(middle) != nullptr;
-    const QPointF place = corner ? QPointF(1, 1) : QPointF(middle);
-    QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &move);
-}
-
 void RunEntry(CForm& form, const QString& entryName) {
     auto* entry = form.findChild<QAction*>(entryName);
     if (entry == nullptr) qFatal("%s has no %s", form.Name().c_str(), qPrintable(entryName));

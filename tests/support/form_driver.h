@@ -31,8 +31,6 @@ void Press(CForm& form, const QString& objectName, Qt::Key key, Qt::KeyboardModi
 void ClickRow(CForm& form, const QString& listName, int row, bool twice = false);
 /// Picks an entry of a choice list from its opened list.
 void Choose(CForm& form, const QString& listName, int index);
-/// Moves the pointer over a control; an empty name is the bare corner of the form.
-void Hover(CForm& form, const QString& objectName);
 /// Runs the menu entry of that object name.
 void RunEntry(CForm& form, const QString& entryName);
 /// The window's X.

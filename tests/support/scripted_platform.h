@@ -39,8 +39,7 @@ class CScriptedPlatform : public IPlatform {
     CAppVersion AppVersion{2, 2, 0};
     bool Previous = false;                     ///< another instance runs
     std::vector<SShellExecute> ShellExecutes;  ///< what was opened
-    std::function<void()> OnProcessEvents;
-    bool Busy = false;  ///< it is up now
+    bool Busy = false;                         ///< it is up now
 
     BoxAnswer ShowBox(BoxKind kind, BoxButtons buttons, const std::string& text) override;
     bool ShowOpen(CFileDialog& dialog) override { return ShowFile("open dialog", dialog); }
@@ -53,9 +52,7 @@ class CScriptedPlatform : public IPlatform {
     std::string Title() const override { return "VdTools2"; }
     CAppVersion Version() const override { return AppVersion; }
     bool PreviousInstance() override { return Previous; }
-    void ProcessEvents() override {
-        if (OnProcessEvents) OnProcessEvents();
-    }
+    void ProcessEvents() override {}
     void SetBusyPointer(bool busy) override { Busy = busy; }
 
   private:
