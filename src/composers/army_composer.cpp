@@ -75,9 +75,6 @@ void FArmyComposer::LayOut() {
     right->addLayout(Picker.LayOut(), 1);
     Picker.Column(Picker.Source).insertWidget(0, &cmbUnitType);
     Picker.Column(Picker.Target).insertWidget(0, &cmbArmyUnitType);
-    setTabOrder(&cmbUnitType, &Picker.lstUnits);
-    setTabOrder(&Picker.lstUnits, &cmbArmyUnitType);
-    setTabOrder(&cmbArmyUnitType, &Picker.lstTarget);
     auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
     form->addWidget(&Menu.frmMenu);
     form->addLayout(right, 1);

@@ -25,7 +25,7 @@ FSquadComposer::FSquadComposer()
                       WorkItem->Remove(position);
                       MarkEdited();
                   },
-              .moved = [this] { EditState = Edited; },
+              .moved = [this] { EditState = Edited; },  // counts while the form loads, too
               .showItem = [this] { ShowItem(); }}) {
     Picker.frmTarget.SetCaption("Units in Squad");
     for (int index = 0; index < optFilter.Size(); ++index) {
@@ -47,7 +47,7 @@ void FSquadComposer::LayOut() {
 }
 
 void FSquadComposer::LoadItem() {
-    tedName.SetMaxLength(0);
+    tedName.SetMaxLength(0);  // a squad may be called anything
     Picker.ShowArrows();
     optFilter[0].SetValue(true);
     UnitFilter = 0;

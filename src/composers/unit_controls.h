@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "controls/choice_list.h"
 #include "controls/frame.h"

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "controls/color_button.h"
 #include "controls/control_array.h"
@@ -32,7 +33,7 @@ class CUnitPickerBase {
     CUnitPickerBase(CForm* form, SUnitPicking picking);
     virtual ~CUnitPickerBase() = default;
 
-    /// Where the form puts a side's filter: above everything else.
+    /// Where the form, once laid out, puts a side's filter: above everything else.
     QBoxLayout& Column(Side side) { return *columns_.at(side); }
     /// After the skin, which sets all fonts.
     void ShowArrows();
@@ -92,7 +93,7 @@ class CUnitPicker : public CUnitPickerBase {
         UpdateUnitButtons();
     }
 
-    TTarget lstTarget;
+    TTarget lstTarget;  ///< on the form under the name that the form gave
 
   private:
     void UpdateUnitButtons() override {
@@ -109,7 +110,8 @@ class CUnitPicker : public CUnitPickerBase {
     void cmdUnitMoveDown_Click() {
         if (lstTarget.CanMoveDown()) MoveRow(picking_.target().MoveDown(lstTarget.ListIndex() + 1));
     }
-    // The list follows a shift of the selected entry to `position`; 0 is a shift that moved nothing.
+    // The list follows a shift of the selected entry to `position`; 0 is a shift that moved nothing. Nothing else on
+    // the form depends on the order.
     void MoveRow(std::int32_t position) {
         if (position > 0) {
             lstTarget.MoveItem(lstTarget.ListIndex(), position - 1);

@@ -57,21 +57,25 @@ void QXLabel::LookChanged() {
 
 // Lines break between words; a word longer than a line may break anywhere, so that nothing is cut off.
 QString QXLabel::Wrapped(int inner) const {
-    QString text = ForDisplay(FromAnsi(caption_));
+    const QString text = ForDisplay(FromAnsi(caption_));
     if (!wordWrap()) return text;
+    const auto endsWord = [](QChar c) { return c.isSpace() && c != QChar::Nbsp; };
     const QFontMetrics metrics(font());
+    QString wrapped;
     qsizetype begin = 0;
     while (begin < text.size()) {
-        qsizetype end = begin;
-        while (end < text.size() && !text[end].isSpace())
-            ++end;
-        if (metrics.horizontalAdvance(text.mid(begin, end - begin)) > inner) {
-            for (; ++begin < end; ++begin, ++end)
-                text.insert(begin, kBreakHere);
+        const qsizetype end = std::find_if(text.begin() + begin, text.end(), endsWord) - text.begin();
+        const QString word = text.mid(begin, end - begin);
+        if (metrics.horizontalAdvance(word) <= inner) {
+            wrapped += word;
+        } else {
+            for (const QChar letter : word)
+                wrapped.append(letter).append(kBreakHere);
         }
+        if (end < text.size()) wrapped += text[end];
         begin = end + 1;
     }
-    return text;
+    return wrapped;
 }
 
 // Slanted letters reach beyond their advance, so a little room is kept at both ends.

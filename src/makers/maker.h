@@ -50,12 +50,7 @@ class FMaker : public FEditForm {
     explicit FMaker(const SMakerTerms& terms);
 
   protected:
-    /// Values of `EditState`.
-    enum EditStates : std::int16_t {
-        Unchanged = 0,
-        Edited = 1,      ///< since the item was last stored
-        ListChanged = 2  ///< and the file isn't written yet
-    };
+    static constexpr std::int16_t ListChanged = 2;  ///< edit state: and the file isn't written yet
     enum Commands { New, AddToDb, Modify, ViewList, Delete };
 
     // What every maker has of its own.

@@ -1,6 +1,6 @@
 #include "roster/roster2.h"
 
-#include <regex>
+#include <cctype>
 
 #include "support/core_test.h"
 #include "units/army_list.h"
@@ -59,11 +59,22 @@ class RosterPageTest : public CoreTest {
   protected:
     /// What the page shows: a line for each row, with its cells behind bars, and "--" for a rule.
     std::string Shown() const {
-        std::string page = ReadBytes(folder_ / "tmproster.html");
-        for (const auto& [markup, text] : {std::pair("<BR>", "\n"), {"<HR>", "--"}, {"<TD[^>]*>", "|"}})
-            page = std::regex_replace(page, std::regex(markup, std::regex::icase), text);
-        page = std::regex_replace(page, std::regex("<[a-zA-Z/][^>]*>|\r"), "");
-        return std::regex_replace(page, std::regex(R"(^\s+|\s+$| +(\|)|(\n)\n+)"), "$1$2");
+        const std::string page = ReadBytes(folder_ / "tmproster.html");
+        std::string shown;
+        const auto cutBlanks = [&shown](const char* blanks) { shown.erase(shown.find_last_not_of(blanks) + 1); };
+        for (std::size_t at = 0; at < page.size(); ++at) {
+            if (page[at] == '<' && (std::isalpha(page[at + 1]) != 0 || page[at + 1] == '/')) {
+                const std::string tag = MAnsiText::UpperCase(page.substr(at + 1, 2));
+                if (tag == "TD") cutBlanks(" ");
+                shown += tag == "BR" ? "\n" : tag == "HR" ? "--" : tag == "TD" ? "|" : "";
+                at = page.find('>', at);
+            } else if (page[at] != '\r') {
+                shown += page[at];
+            }
+            if (shown == " " || shown == "\n" || shown.ends_with("\n\n")) shown.pop_back();
+        }
+        cutBlanks(" \n");
+        return shown;
     }
     std::string Shown(const CGenUnit& unit) {
         roster_.ShowUnit(unit);

@@ -217,7 +217,7 @@ class CKeyedList {
 
     template <class TShift>
     std::int32_t WithoutKey(std::int32_t position, const TShift& shift) {
-        if (!Exists(position)) return 0;
+        if (Indexed() || !Exists(position)) return shift();  // an indexed list finds its elements by their keys
         const ItemPtr item = Share(position);
         const std::string key = item->Key();
         item->SetKey("");

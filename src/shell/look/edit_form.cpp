@@ -29,8 +29,8 @@ void FEditForm::Form_Activate() {
 }
 
 bool FEditForm::QueryUnload() {
-    if (EditState != 0) SetModified(true);
-    EditState = 0;
+    if (EditState != Unchanged) SetModified(true);
+    EditState = Unchanged;
     return true;
 }
 

@@ -18,7 +18,9 @@ class FEditForm : public CForm {
     FEditForm(const char* formName, const char* caption, MGlobal::Document document);
 
   protected:
-    enum { SaveChanges = CMenuPanel::kCommands - 1 };  ///< the command that needs a file
+    /// The last of the commands, which needs a file; those of a form itself come before it.
+    static constexpr int SaveChanges = CMenuPanel::kCommands - 1;
+    enum EditStates : std::int16_t { Unchanged = 0, Edited = 1 };  ///< forms may have more
 
     /// File of the document; empty for none yet.
     virtual const std::string& DocumentFile() const = 0;
@@ -35,11 +37,11 @@ class FEditForm : public CForm {
     void SetModified(bool modified) { MGlobal::SetFileModified(document_, modified); }
     /// The user has changed something; what the form itself writes into its controls doesn't count.
     void MarkEdited() {
-        if (!Loading) EditState = 1;
+        if (!Loading) EditState = Edited;
     }
 
-    bool Loading = false;        ///< the form writes into its own controls, whose events then count for nothing
-    std::int16_t EditState = 0;  ///< 0 as long as nothing was changed
+    bool Loading = false;  ///< the form writes into its own controls, whose events then count for nothing
+    std::int16_t EditState = Unchanged;
     std::unique_ptr<CVDGuiHandler> GuiHandler;
 
     CMenuPanel Menu{this};
