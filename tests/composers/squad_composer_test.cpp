@@ -57,7 +57,7 @@ TEST_F(SquadComposerTest, ComposesASquadAndStoresACopy) {
 
 TEST_F(SquadComposerTest, QuantitiesAreEditedInPlace) {
     const std::pair<const char*, const char*> kTyped[] = {
-        {"0", "Patrol: 1 Archer 1 Cart = 12"},       {"-4", "Patrol: 1 Archer 1 Cart = 12"},
+        {"0", "Patrol: 1 Archer 1 Cart = 12"},       {"-99999", "Patrol: 1 Archer 1 Cart = 12"},
         {"2.5", "Patrol: 2 Archer 1 Cart = 17"},     {" 1E1 ", "Patrol: 10 Archer 1 Cart = 57"},
         {"many", "Patrol: many Archer 1 Cart = 57"}, {"2x", "Patrol: 2x Archer 1 Cart = 57"}};
     for (const auto& [typed, squad] : kTyped) {
