@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTextStream>
 #include <QTimer>
+#include <QWindow>
 #include <cstdlib>
 
 namespace {
@@ -28,7 +29,7 @@ QWidget* TopWindow() {
 }
 
 bool Is(QWidget* window, const QString& wanted) {
-    if (window == nullptr || !window->isVisible()) return false;
+    if (window == nullptr || !window->isVisible() || !window->windowHandle()->isExposed()) return false;
     return wanted.isEmpty() || window->objectName() == wanted || window->metaObject()->className() == wanted;
 }
 
