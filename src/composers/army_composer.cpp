@@ -9,6 +9,7 @@
 #include "core/files/platform.h"
 #include "core/state/global.h"
 #include "roster/viewers/army_roster.h"
+#include "shell/look/point_cost.h"
 #include "units/army_list.h"
 #include "units/army_roster.h"
 
@@ -47,11 +48,7 @@ FArmyComposer::FArmyComposer()
                   },
               .moved = [this] { ContentChanged(1); },
               .showItem = [this] { ShowItem(); }}) {
-    frmPointCost.SetCaption("Point Cost");
     Picker.frmTarget.SetCaption("Units in Army");
-    tedPointCost.SetDataType(2);
-    tedPointCost.SetLocked(true);
-    tedPointCost.SetAlignment(Qt::AlignCenter);
     OfferUnitFilters(cmbUnitType);
     OfferUnitFilters(cmbArmyUnitType);
     cmbUnitType.OnChange([this] { cmbUnitType_Change(); });
@@ -60,10 +57,7 @@ FArmyComposer::FArmyComposer()
 }
 
 void FArmyComposer::LayOut() {
-    auto* cost = MLayout::Column(&frmPointCost);
-    cost->addStretch(1);
-    cost->addWidget(&tedPointCost);
-    cost->addStretch(1);
+    SetUpPointCost(frmPointCost, tedPointCost);
     frmPointCost.setFixedWidth(150);
 
     auto* head = MLayout::Row(nullptr, MLayout::FrameGap);
@@ -75,9 +69,7 @@ void FArmyComposer::LayOut() {
     right->addLayout(Picker.LayOut(), 1);
     Picker.Column(Picker.Source).insertWidget(0, &cmbUnitType);
     Picker.Column(Picker.Target).insertWidget(0, &cmbArmyUnitType);
-    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
-    form->addWidget(&Menu.frmMenu);
-    form->addLayout(right, 1);
+    LayOutBesideMenu(right);
     resize(1060, 740);
 }
 

@@ -31,10 +31,7 @@ constexpr SArmyDocumentTerms kTerms = {
 }  // namespace
 
 FArmyList::FArmyList() : FArmyDocumentForm(kTerms) {
-    for (int index = 0; index < optFilter.Size(); ++index) {
-        optFilter[index].SetCaption(MUnitFilter::kNames.at(static_cast<std::size_t>(index)));
-        optFilter[index].SetControlGroup("optFilter");
-    }
+    OfferUnitFilters(optFilter, MUnitFilter::All);
     cmdShowSelUnit.SetCaption("View");
     cmdDeleteFromDb.SetCaption("Delete");
 
@@ -71,9 +68,7 @@ void FArmyList::LayOut() {
     auto* right = MLayout::Column(nullptr, MLayout::GapAboveFrame);
     right->addLayout(LayOutFields());
     right->addLayout(work, 1);
-    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
-    form->addWidget(&Menu.frmMenu);
-    form->addLayout(right, 1);
+    LayOutBesideMenu(right);
     resize(1060, 700);
 }
 

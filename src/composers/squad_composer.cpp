@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "composers/unit_filter.h"
+#include "composers/unit_controls.h"
 #include "controls/control_utils.h"
 #include "controls/layout.h"
 #include "core/files/file_format.h"
@@ -28,10 +28,7 @@ FSquadComposer::FSquadComposer()
               .moved = [this] { EditState = Edited; },  // counts while the form loads, too
               .showItem = [this] { ShowItem(); }}) {
     Picker.frmTarget.SetCaption("Units in Squad");
-    for (int index = 0; index < optFilter.Size(); ++index) {
-        optFilter[index].SetCaption(MUnitFilter::kNames.at(static_cast<std::size_t>(MUnitFilter::Infantry + index)));
-        optFilter[index].SetControlGroup("optFilter");
-    }
+    OfferUnitFilters(optFilter, MUnitFilter::Infantry);
     optFilter.OnClick([this](int index) { optFilter_Click(index); });
     Picker.lstTarget.OnEdit([this](int row) { lstSquadUnits_Edit(row); });
     LayOut();
@@ -92,8 +89,7 @@ void FSquadComposer::cmdNew_Click() {
     StoreIfEdited();
     NewWorkItem();
     SourceName.clear();
-    ShowItem();
-    RefreshSourceList();
+    ShowWalked();
 }
 
 void FSquadComposer::optFilter_Click(int index) {

@@ -1,6 +1,5 @@
 #include "composers/unit_controls.h"
 
-#include "composers/unit_filter.h"
 #include "controls/layout.h"
 #include "roster/viewers/unit_viewer.h"
 

@@ -4,6 +4,7 @@
 #include "core/files/ansi_text.h"
 #include "core/files/platform.h"
 #include "roster/viewers/army_roster.h"
+#include "shell/look/point_cost.h"
 
 namespace {
 
@@ -34,12 +35,8 @@ void CValidation::Require(bool holds, const char* warning) {
 }
 
 FMaker::FMaker(const SMakerTerms& terms) : FEditForm(terms.formName, terms.caption, terms.document), terms_(terms) {
-    frmPointCost.SetCaption("Point Cost");
     tedName.SetAutoSelect(true);
     tedDescr.SetAutoSelect(true);
-    tedPointCost.SetDataType(2);
-    tedPointCost.SetLocked(true);
-    tedPointCost.SetAlignment(Qt::AlignCenter);
 
     Menu.SetCommand(New, "New", [this] { cmdNew_Click(); });
     Menu.SetCommand(AddToDb, "Add to/Update List", [this] { cmdAddToDb_Click(); });
@@ -60,10 +57,7 @@ void FMaker::LayOut() {
     AddField(lblName, tedName);
     AddField(lblDescr, tedDescr);
 
-    auto* cost = MLayout::Column(&frmPointCost);
-    cost->addStretch(1);
-    cost->addWidget(&tedPointCost);
-    cost->addStretch(1);
+    SetUpPointCost(frmPointCost, tedPointCost);
     frmPointCost.setFixedWidth(kCostWidth);
     head_ = MLayout::Row(nullptr, MLayout::FrameGap);
     head_->addLayout(fields_, 1);
@@ -83,9 +77,7 @@ void FMaker::LayOut() {
     right->addLayout(work_, 1);
     right->addSpacing(MLayout::Gap);
     right->addLayout(walk);
-    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
-    form->addWidget(&Menu.frmMenu);
-    form->addLayout(right, 1);
+    LayOutBesideMenu(right);
 }
 
 void FMaker::AddField(QXLabel& label, QWidget& field) {

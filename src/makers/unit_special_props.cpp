@@ -9,6 +9,7 @@
 #include "core/files/number_text.h"
 #include "core/files/platform.h"
 #include "core/state/global.h"
+#include "shell/look/point_cost.h"
 
 namespace {
 
@@ -59,12 +60,8 @@ FUnitSpecialProps::FUnitSpecialProps() : CForm("FUnitSpecialProps") {
     frmGeneral.SetCaption("General");
     frmInfantry.SetCaption("Infrantry");  // spelled so since the first release
     frmCrew.SetCaption("Crew Space");
-    frmPointCost.SetCaption("Point Cost");
     cmdOK.SetCaption("OK");
     cmdCancel.SetCaption("Cancel");
-    tedPointCost.SetDataType(2);
-    tedPointCost.SetLocked(true);
-    tedPointCost.SetAlignment(Qt::AlignCenter);
 
     const auto setUpNumber = [](QXTextEdit& field) {
         field.SetDataType(2);
@@ -94,10 +91,7 @@ FUnitSpecialProps::FUnitSpecialProps() : CForm("FUnitSpecialProps") {
 
 void FUnitSpecialProps::LayOut() {
     MLayout::Column(&frmGeneral)->addWidget(&chkFlying);
-    auto* cost = MLayout::Column(&frmPointCost);
-    cost->addStretch(1);
-    cost->addWidget(&tedPointCost);
-    cost->addStretch(1);
+    SetUpPointCost(frmPointCost, tedPointCost);
     auto* left = MLayout::Column(nullptr, MLayout::GapAboveFrame);
     left->addWidget(&frmGeneral);
     left->addWidget(&frmPointCost, 1);

@@ -1,5 +1,7 @@
 #include "shell/look/edit_form.h"
 
+#include "controls/layout.h"
+
 namespace {
 
 constexpr int kNameLength = 50;
@@ -14,6 +16,12 @@ FEditForm::FEditForm(const char* formName, const char* caption, MGlobal::Documen
     lblDescr.SetCaption("Description:");
     tedName.OnChange([this] { tedName_Change(); });
     tedDescr.OnChange([this] { tedDescr_Change(); });
+}
+
+void FEditForm::LayOutBesideMenu(QLayout* content) {
+    auto* form = MLayout::WithFormMargins(MLayout::Row(this, MLayout::FrameGap));
+    form->addWidget(&Menu.frmMenu);
+    form->addLayout(content, 1);
 }
 
 void FEditForm::Form_Load() {

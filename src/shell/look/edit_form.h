@@ -34,6 +34,8 @@ class FEditForm : public CForm {
     void Form_Unload() override { GuiHandler.reset(); }
     void MouseMove(IControl* control) override { GuiHandler->FollowPointer(control); }
 
+    /// The menu panel at the left, and at its right what the form consists of.
+    void LayOutBesideMenu(QLayout* content);
     void SetModified(bool modified) { MGlobal::SetFileModified(document_, modified); }
     /// The user has changed something; what the form itself writes into its controls doesn't count.
     void MarkEdited() {

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "controls/frame.h"
+#include "controls/text_edit.h"
+
+/// Caption, look and layout of the frame in which a form shows what something costs. The field takes no keys, until the
+/// form unlocks it.
+void SetUpPointCost(QXFrame& frame, QXTextEdit& field);
