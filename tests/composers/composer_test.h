@@ -19,10 +19,12 @@ class ComposerTest : public MakerTest {
             patrol.Add(Copy(member), "");
     }
     static void AddOfType(const char* name, CUnit::Type type) {
-        CUnit& unit = AddUnit(name).SingleUnit();
-        unit.SetUnitType(type);
-        unit.InitUnit();
-        unit.SetName(name);
+        auto unit = std::make_shared<CGenUnit>();
+        unit->NewUnit(CGenUnit::Single);
+        unit->SingleUnit().SetUnitType(type);
+        unit->SingleUnit().InitUnit();
+        unit->SetName(name);
+        Units().Add(unit);  // gives it the key that its copies have too
     }
     static std::shared_ptr<CGenUnit> Copy(const std::string& name) {
         auto unit = std::make_shared<CGenUnit>();

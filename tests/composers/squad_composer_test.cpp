@@ -74,8 +74,11 @@ TEST_F(SquadComposerTest, QuantitiesAreEditedInPlace) {
 TEST_F(SquadComposerTest, EachStepOfComposingIsAnEdit) {
     const std::pair<const char*, const char*> kSteps[] = {
         {"lstSquadUnits#1 cmdUnitMoveUp", "Patrol: 1 Cart 1 Archer = 12"},
-        {"lstUnits##0 lstSquadUnits#2 cmdUnitMoveUp lstSquadUnits#0 cmdUnitMoveDown",  // both equal ones
-         "Patrol: 1 Archer 1 Archer 1 Cart = 17"},
+        // Both equal ones up and down again; the last step fills the list anew.
+        {"lstUnits##0 lstSquadUnits#2 cmdUnitMoveUp cmdUnitMoveUp lstSquadUnits#1 cmdUnitMoveUp lstUnits##0",
+         "Patrol: 1 Archer 1 Archer 1 Cart 1 Archer = 22"},
+        {"lstUnits##0 lstSquadUnits#0 cmdUnitMoveDown cmdUnitMoveDown lstSquadUnits#1 cmdUnitMoveDown lstUnits##0",
+         "Patrol: 1 Cart 1 Archer 1 Archer 1 Archer = 22"},
         {"lstSquadUnits#1 cmdRemoveUnit", "Patrol: 1 Archer = 5"},
         {"lstUnits##0", "Patrol: 1 Archer 1 Cart 1 Archer = 17"}};
     for (const auto& [actions, squad] : kSteps) {

@@ -86,7 +86,10 @@ TEST(KeyedList, ShiftsMoveByPositionOrExactKey) {
         plain.Add(NewItem(name));
         plain.Item(plain.Count()).SetKey("SAME");
     }
-    EXPECT_EQ(plain.MoveUp(3) + plain.MoveUp(3) + plain.MoveDown(2) + plain.MoveDown(3), 2 + 2 + 3 + 0);
+    EXPECT_EQ(plain.MoveUp(3), 2);
+    EXPECT_EQ(plain.MoveUp(3), 2);
+    EXPECT_EQ(plain.MoveDown(2), 3);
+    EXPECT_EQ(plain.MoveDown(3), 0);
     EXPECT_EQ(Names(plain) + plain.Item(2).Key(), "first third second SAME");
     EXPECT_EQ(plain.ShiftObjUp(3), 2);  // goes in under its key
     EXPECT_EQ(plain.ShiftObjUp(3), 0);  // the key is taken now, and the element lost

@@ -145,7 +145,10 @@ TEST_F(UnitMakerTest, EquipsAndOrdersWhatTheClassMayCarry) {
     EXPECT_EQ(Label("lblSpecialDescr(1)"), "carbine:\r\nPoint Cost: 10, Pen: 2\r\n");
     Do("cmdItemMoveUp cmdItemMoveUp cmdItemMoveUp");
     EXPECT_EQ(Items("lstUnitEquipment"), "carbine* Arquebus Arquebus Plate Plate Plate ");
-    Do("lstUnitEquipment#1 cmdItemMoveDown lstUnitEquipment#2 cmdItemMoveUp cmdItemMoveUp");  // both equal ones
+    // Both equal ones up, and down again.
+    Do("lstUnitEquipment#1 cmdItemMoveUp lstUnitEquipment#2 cmdItemMoveUp");
+    EXPECT_EQ(Items("lstUnitEquipment"), "Arquebus Arquebus* carbine Plate Plate Plate ");
+    Do("cmdItemMoveDown lstUnitEquipment#0 cmdItemMoveDown cmdItemMoveUp");
     EXPECT_EQ(Items("lstUnitEquipment"), "Arquebus* carbine Arquebus Plate Plate Plate ");
 
     // What was taken stays when its record has gone.
