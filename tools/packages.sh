@@ -1,15 +1,16 @@
-# Sourced by ./run and ./test: sees to it that the Debian packages named in `packages` are installed.
+# Sourced by ./run and ./test: sees to it that the Debian packages given are installed.
 
-packages=(
-  g++ cmake ninja-build ccache
+# What building and running the program needs, and what testing needs besides.
+program_packages=(
+  g++ cmake ninja-build
   qt6-base-dev qt6-svg-dev
-  libgtest-dev libbenchmark-dev
   fonts-liberation fonts-urw-base35 fonts-dejavu-core
 )
+test_packages=(libgtest-dev ccache)
 
 install_packages() {
   local missing=() package
-  for package in "${packages[@]}"; do
+  for package in "$@"; do
     dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return

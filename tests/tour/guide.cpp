@@ -1,5 +1,6 @@
 #include "tour/guide.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
@@ -40,6 +41,9 @@ void CGuide::Add(const QString& window, const QString& name, Act act) {
 }
 
 void CGuide::Start() {
+    // Told at the beginning of each round of a running loop: a loop that has been told to quit begins no other.
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] { newRound_ = true; });
     patience_.setRemainingTime(kPatienceMs);
     LookAgain();
 }
@@ -51,7 +55,7 @@ void CGuide::LookAgain() {
 
 void CGuide::PlayNext() {
     LookAgain();
-    if (pausing_) return;
+    if (pausing_ || !newRound_) return;
     QWidget* top = TopWindow();
     const QString wanted = acts_.empty() ? "The end" : acts_.front().window;
     if (acts_.empty() || !Is(top, wanted)) {
@@ -66,6 +70,7 @@ void CGuide::PlayNext() {
     told_ = act.tale;
     patience_.setRemainingTime(kPatienceMs);
     if (!act.name.isEmpty()) last_ = act.name;
+    newRound_ = false;
     act.play(*top);
 }
 

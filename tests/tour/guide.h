@@ -9,8 +9,8 @@
 #include <functional>
 
 /// Plays the tour's script. The chapters write it down beforehand, act by act; it is played while the program's own
-/// modal loops run, each act as soon as the window that it is for is on top. An act that waits in vain, or that sees
-/// what it shouldn't, ends the tour with a message.
+/// modal loops run, each act as soon as the window that it is for is on top and the loop of whatever the act before
+/// closed has come back. An act that waits in vain, or that sees what it shouldn't, ends the tour with a message.
 class CGuide : public QObject {
     Q_OBJECT
   public:
@@ -58,4 +58,7 @@ class CGuide : public QObject {
     QDeadlineTimer patience_;
     int pictures_ = 0;
     bool pausing_ = false;
+    // A round of events has begun since the last act. In the round of an act the loop of a window that it has closed
+    // may still be on its way out, and what its caller does next is yet to come.
+    bool newRound_ = true;
 };

@@ -115,6 +115,7 @@ CTourWindow::Self CTourWindow::Answer(const QString& button) const {
     guide_.Add(name_, QString("%1: answer \"%2\"").arg(name_, button), [=, *this](QWidget& window) {
         for (QAbstractButton* candidate : window.findChildren<QAbstractButton*>()) {
             if (!candidate->isVisible() || candidate->text().remove('&') != button) continue;
+            guide_.Check(candidate->isEnabled(), QString("%1 has disabled \"%2\"").arg(name_, button));
             QTest::mouseClick(candidate, Qt::LeftButton);
             return;
         }
