@@ -58,7 +58,7 @@ std::string CAccessory::SpecialPropertiesStr() const {
 }
 
 void CAccessory::Clone(const CAccessory& source) {
-    name_ = source.name_;
+    SetName(source.Name());
     descr_ = source.descr_;
     class_ = source.class_;
     key_ = source.key_;

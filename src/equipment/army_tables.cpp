@@ -17,7 +17,7 @@ bool CArmyTables::IsEqAllowed(const CEquipment& item) const {
 }
 
 bool CArmyTables::IsEqAllowed(const CEqItem& item) const {
-    return Trap([&] { return IsEqAllowed(item.Item()); });
+    return !item.IsEmpty() && IsEqAllowed(item.Item());
 }
 
 bool CArmyTables::WriteLists(CProfile& profile) const {

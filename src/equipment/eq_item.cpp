@@ -17,8 +17,8 @@ std::int32_t KindOfTag(const std::string& tag) {
 }  // namespace
 
 CEquipment* CEqItem::Wrapped() const {
-    if (!item_) throw CRuntimeError(ErrorNumber::ObjectNotSet);
-    return item_.get();
+    if (IsEmpty()) throw CRuntimeError(ErrorNumber::ObjectNotSet);
+    return item_->get();
 }
 
 void CEqItem::SetItem(std::shared_ptr<CWeapon> weapon) {
@@ -31,8 +31,13 @@ void CEqItem::SetItem(std::shared_ptr<CAccessory> accessory) {
     eqType_ = Accessory;
 }
 
+void CEqItem::WatchName() {
+    item_.Watch();
+    if (!IsEmpty()) Item().WatchName();
+}
+
 void CEqItem::NewItem(std::int32_t kind) {
-    item_.reset();
+    item_ = nullptr;
     if (kind == Weapon) {
         SetItem(std::make_shared<CWeapon>());
     } else if (kind == Accessory) {
@@ -51,12 +56,12 @@ void CEqItem::Clone(const CEqItem& source) {
     } else if (accessory != nullptr && AsAccessory() != nullptr) {
         AsAccessory()->Clone(*accessory);
     } else {
-        throw CRuntimeError(kept.item_ ? ErrorNumber::TypeMismatch : ErrorNumber::ObjectNotSet);
+        throw CRuntimeError(kept.IsEmpty() ? ErrorNumber::ObjectNotSet : ErrorNumber::TypeMismatch);
     }
 }
 
 bool CEqItem::WriteInfo(CProfile* profile, const std::string& section) const {
-    return item_ && item_->WriteInfo(profile, section);
+    return !IsEmpty() && Item().WriteInfo(profile, section);
 }
 
 bool CEqItem::ReadInfo(CProfile* profile, const std::string& section) {
@@ -65,7 +70,7 @@ bool CEqItem::ReadInfo(CProfile* profile, const std::string& section) {
     const std::int32_t kind = KindOfTag(tag);
     if (kind == Empty) return false;
     NewItem(kind);
-    return item_->ReadInfo(profile, section);
+    return Item().ReadInfo(profile, section);
 }
 
 bool CEqItem::ImportInfoV1(CSequentialInput& file) {
@@ -73,6 +78,6 @@ bool CEqItem::ImportInfoV1(CSequentialInput& file) {
         const std::int32_t kind = KindOfTag(file.ReadText());
         if (kind == Empty) return false;
         NewItem(kind);
-        return item_->ImportInfoV1(file, false);
+        return Item().ImportInfoV1(file, false);
     });
 }

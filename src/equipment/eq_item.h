@@ -21,9 +21,10 @@ class CEqItem {
     void SetItem(std::shared_ptr<CWeapon> weapon);
     void SetItem(std::shared_ptr<CAccessory> accessory);
 
+    bool IsEmpty() const { return *item_ == nullptr; }
     /// The content where it is of that class, else null.
-    CWeapon* AsWeapon() const { return dynamic_cast<CWeapon*>(item_.get()); }
-    CAccessory* AsAccessory() const { return dynamic_cast<CAccessory*>(item_.get()); }
+    CWeapon* AsWeapon() const { return dynamic_cast<CWeapon*>(item_->get()); }
+    CAccessory* AsAccessory() const { return dynamic_cast<CAccessory*>(item_->get()); }
 
     /// Drops the content and makes a new one of a kind. Any other kind leaves no content and `EqType` as it was.
     void NewItem(std::int32_t kind);
@@ -31,6 +32,8 @@ class CEqItem {
 
     const std::string& Name() const { return Item().Name(); }
     void SetName(const std::string& name) { Item().SetName(name); }
+    /// From now on sorted lists notice another name, be it that of another content.
+    void WatchName();
     const std::string& Descr() const { return Item().Descr(); }
     void SetDescr(const std::string& descr) { Item().SetDescr(descr); }
     const std::string& Key() const { return Item().Key(); }
@@ -48,5 +51,5 @@ class CEqItem {
     CEquipment* Wrapped() const;
 
     std::int32_t eqType_ = Empty;
-    std::shared_ptr<CEquipment> item_;
+    CWatched<std::shared_ptr<CEquipment>> item_;
 };

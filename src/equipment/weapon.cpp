@@ -96,7 +96,7 @@ std::string CWeapon::SpecialPropertiesStr() const {
 }
 
 void CWeapon::Clone(const CWeapon& source) {
-    name_ = source.name_;
+    SetName(source.Name());
     descr_ = source.descr_;
     class_ = source.class_;
     key_ = source.key_;

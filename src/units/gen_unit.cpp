@@ -23,16 +23,16 @@ TUnit& Required(TUnit* unit) {
 }  // namespace
 
 CBaseUnit* CGenUnit::Wrapped() const {
-    if (!unit_) throw CRuntimeError(ErrorNumber::ObjectNotSet);
-    return unit_.get();
+    if (IsEmpty()) throw CRuntimeError(ErrorNumber::ObjectNotSet);
+    return unit_->get();
 }
 
 CUnit* CGenUnit::AsUnit() const {
-    return dynamic_cast<CUnit*>(unit_.get());
+    return dynamic_cast<CUnit*>(unit_->get());
 }
 
 CMultUnit* CGenUnit::AsSquad() const {
-    return dynamic_cast<CMultUnit*>(unit_.get());
+    return dynamic_cast<CMultUnit*>(unit_->get());
 }
 
 CUnit& CGenUnit::SingleUnit() const {
@@ -49,8 +49,13 @@ void CGenUnit::SetUnit(const CBaseUnit& unit) {
     class_ = unit.UnitType() == CBaseUnit::kSquadType ? Squad : Single;
 }
 
+void CGenUnit::WatchName() {
+    unit_.Watch();
+    if (!IsEmpty()) Unit().WatchName();
+}
+
 void CGenUnit::NewUnit(std::int32_t kind) {
-    unit_.reset();
+    unit_ = nullptr;
     if (kind == Single) {
         unit_ = std::make_shared<CUnit>();
         class_ = Single;
@@ -72,7 +77,7 @@ void CGenUnit::Clone(const CGenUnit& source) {
 }
 
 bool CGenUnit::WriteInfo(CProfile* profile, const std::string& section) const {
-    return unit_ && unit_->WriteInfo(profile, section);
+    return !IsEmpty() && Unit().WriteInfo(profile, section);
 }
 
 bool CGenUnit::ReadInfo(CProfile* profile, const std::string& section) {
@@ -81,7 +86,7 @@ bool CGenUnit::ReadInfo(CProfile* profile, const std::string& section) {
     const std::int32_t kind = KindOfTag(tag);
     if (kind == Empty) return false;
     NewUnit(kind);
-    return unit_->ReadInfo(profile, section);
+    return Unit().ReadInfo(profile, section);
 }
 
 bool CGenUnit::ImportInfoV1(CSequentialInput& file) {
@@ -89,6 +94,6 @@ bool CGenUnit::ImportInfoV1(CSequentialInput& file) {
         const std::int32_t kind = KindOfTag(file.ReadText());
         if (kind == Empty) return false;
         NewUnit(kind);
-        return unit_->ImportInfoV1(file, false);
+        return Unit().ImportInfoV1(file, false);
     });
 }

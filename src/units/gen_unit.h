@@ -22,7 +22,7 @@ class CGenUnit {
     /// Takes over the class of its argument and keeps the object that it holds: to fill a wrapper use NewUnit.
     void SetUnit(const CBaseUnit& unit);
 
-    bool IsEmpty() const { return unit_ == nullptr; }
+    bool IsEmpty() const { return *unit_ == nullptr; }
     /// The content where it is of that class, else null.
     CUnit* AsUnit() const;
     CMultUnit* AsSquad() const;
@@ -36,6 +36,8 @@ class CGenUnit {
 
     const std::string& Name() const { return Unit().Name(); }
     void SetName(const std::string& name) { Unit().SetName(name); }
+    /// From now on sorted lists notice another name, be it that of another content.
+    void WatchName();
     const std::string& Descr() const { return Unit().Descr(); }
     void SetDescr(const std::string& descr) { Unit().SetDescr(descr); }
     const std::string& Key() const { return Unit().Key(); }
@@ -61,5 +63,5 @@ class CGenUnit {
     CBaseUnit* Wrapped() const;
 
     std::int32_t class_ = Empty;
-    std::shared_ptr<CBaseUnit> unit_;
+    CWatched<std::shared_ptr<CBaseUnit>> unit_;
 };

@@ -60,7 +60,7 @@ CMultUnit::CMultUnit() {
 }
 
 void CMultUnit::InitUnit() {
-    name_.clear();
+    SetName("");
     descr_.clear();
     key_.clear();
     units_ = std::make_unique<CUnitList>();
@@ -126,7 +126,7 @@ void CMultUnit::Remove(std::string_view key) {
 }
 
 void CMultUnit::Clone(const CMultUnit& source) {
-    name_ = source.name_;
+    SetName(source.Name());
     descr_ = source.descr_;
     key_ = source.key_;
     quantity_ = source.quantity_;

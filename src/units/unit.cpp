@@ -71,7 +71,7 @@ CUnit::CUnit() {
 }
 
 void CUnit::InitUnit() {
-    name_.clear();
+    SetName("");
     descr_.clear();
     key_.clear();
     SetTypeDefaults();
@@ -206,7 +206,7 @@ std::string CUnit::SpecialPropertiesStr() const {
 
 void CUnit::Clone(const CUnit& source) {
     SetVersion(source.version_);
-    name_ = source.name_;
+    SetName(source.Name());
     descr_ = source.descr_;
     SetUnitType(source.type_);
     key_ = source.key_;

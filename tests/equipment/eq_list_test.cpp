@@ -55,8 +55,11 @@ TEST(KeyedList, SortedInsertionWalksWhateverTheOrderIs) {
         const auto greater = [&](const std::string& m) { return std::toupper(m[0]) > std::toupper(name[0]); };
         const auto action = random() % 12;
         if (action == 0 && !model.empty()) {
-            list.Item(1).SetName(name);  // behind the list's back
-            model[0] = name;
+            const std::size_t at = random() % model.size();
+            CEqItem& held = *list.Share(static_cast<std::int32_t>(at) + 1);
+            held.AsWeapon()->SetName(name);  // behind the list's back
+            if (step % 2 == 0) held.Clone(*NewItem(name));
+            model[at] = name;
         } else if (action == 1) {
             list.Clear();  // in order again
             model.clear();
@@ -94,6 +97,12 @@ TEST(KeyedList, ShiftsMoveByPositionOrExactKey) {
     EXPECT_EQ(plain.ShiftObjUp(3), 2);  // goes in under its key
     EXPECT_EQ(plain.ShiftObjUp(3), 0);  // the key is taken now, and the element lost
     EXPECT_EQ(Names(plain), "first second ");
+
+    SList sorted(true, false);
+    EXPECT_EQ(sorted.Add(std::make_shared<CEqItem>()), 1) << "an empty wrapper, compared with none";
+    EXPECT_EQ(sorted.Add(NewItem("a")) + sorted.ShiftObjUp("A") + sorted.ShiftObjDown("A"), 0) << "error 91 is trapped";
+    plain.Add(std::make_shared<CEqItem>());
+    EXPECT_EQ(plain.MoveUp(3), 2) << "a row moves whatever it holds";
 }
 
 TEST(KeyedList, UpdateFilesAnewAndCanLose) {

@@ -105,6 +105,7 @@ TEST_F(DocumentTest, OldDocumentsAreImported) {
     CAccessory laser;
     laser.SetName("Laser");
     EXPECT_FALSE(tables.IsEqAllowed(laser)) << "it holds a weapon of that name";
+    EXPECT_FALSE(tables.IsEqAllowed(CEqItem())) << "an empty wrapper";
     for (const char* tag : {"#VD_VER", "#ARMYTBLS", "#ARMYWP", "#ARMYAC", "#EL", "#W", "#P"})
         EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, tag, "#X")))) << tag;
     EXPECT_FALSE(tables.ImportInfoV1(Save("q", Changed(kTablesV1, "\"#EL\",1", "\"#EL\",2147483647"))));

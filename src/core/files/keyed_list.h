@@ -12,12 +12,14 @@
 #include "core/files/profile.h"
 #include "core/files/runtime_error.h"
 #include "core/files/sequential.h"
+#include "core/files/watched.h"
 
 /// What the equipment lists and the unit lists have in common: an ordered keyed list of wrappers, with positions
 /// from 1. `Sorted` decides where a new element goes, `Indexed` gives it the key of its upper-cased name.
 ///
-/// Item, Remove and Update let the collection's errors out (5 unknown key, 9 position out of range); the other
-/// operations trap them. A stored element is renamed through Update, which files it anew.
+/// Item, Remove and Update let the collection's errors out (5 unknown key, 9 position out of range), GetIndex that of an
+/// empty wrapper (91); the other operations trap them. A stored element is renamed through Update, which files it anew;
+/// one that is renamed where it stands keeps its place, and later ones are sorted in by the names as they are.
 template <class TItem>
 class CKeyedList {
   public:
@@ -36,13 +38,12 @@ class CKeyedList {
     const ItemPtr& Share(std::int32_t position) const { return items_.Item(position); }
     const ItemPtr& Share(std::string_view key) const { return items_.Item(key); }
 
-    // A wrapper handed out for change may be renamed, so the order counts as unknown from then on.
-    TItem& Item(std::int32_t position) { return inOrder_ = false, *items_.Item(position); }
-    TItem& Item(std::string_view key) { return inOrder_ = false, *items_.Item(key); }
+    TItem& Item(std::int32_t position) { return *items_.Item(position); }
+    TItem& Item(std::string_view key) { return *items_.Item(key); }
     const TItem& Item(std::int32_t position) const { return *items_.Item(position); }
     const TItem& Item(std::string_view key) const { return *items_.Item(key); }
 
-    auto begin() { return inOrder_ = false, items_.begin(); }
+    auto begin() { return items_.begin(); }
     auto end() { return items_.end(); }
     auto begin() const { return items_.begin(); }
     auto end() const { return items_.end(); }
@@ -54,10 +55,12 @@ class CKeyedList {
         Trap([&] {
             if (key.empty() && indexed_ != 0) key = MAnsiText::UpperCase(item->Name());
             if (!key.empty()) item->SetKey(key);
-            const std::int32_t position = sorted_ != 0 ? SortedPosition(item->Name()) : Count() + 1;
-            const bool staysInOrder = sorted_ != 0 ? inOrder_ : Count() == 0;
-            items_.Insert(position, std::move(item), key);
-            inOrder_ = staysInOrder;
+            items_.Insert(sorted_ != 0 ? SortedPosition(*item) : Count() + 1, item, key);
+            if (sorted_ != 0 && InOrder()) {
+                item->WatchName();
+            } else {
+                orderSeen_ = kNeverSeen;
+            }
             count = Count();
             return true;
         });
@@ -72,10 +75,7 @@ class CKeyedList {
     void Remove(std::string_view key) { items_.Remove(key); }
 
     /// Empties the list; the flags stay.
-    void Clear() {
-        items_.Clear();
-        inOrder_ = true;
-    }
+    void Clear() { items_.Clear(); }
 
     /// Files an element anew after a change of its name. Into a name in use the element is lost.
     void Update(ItemPtr item, std::string_view oldKey) {
@@ -95,19 +95,19 @@ class CKeyedList {
 
     /// Both give the new position, or 0 where nothing moved. The element goes back under its own Key, also in a list
     /// without keys: where another element holds that key it is lost.
-    std::int32_t ShiftObjUp(std::int32_t position) { return position >= 2 ? Shift(position, position - 1) : 0; }
-    std::int32_t ShiftObjUp(std::string_view key) { return ShiftObjUp(GetIndex(key)); }
-    std::int32_t ShiftObjDown(std::int32_t position) { return position < Count() ? Shift(position, position + 1) : 0; }
-    std::int32_t ShiftObjDown(std::string_view key) { return ShiftObjDown(GetIndex(key)); }
+    std::int32_t ShiftObjUp(std::int32_t position) { return Shift(position, -1, true); }
+    std::int32_t ShiftObjUp(std::string_view key) {
+        return ShiftFound(key, [this](std::int32_t position) { return ShiftObjUp(position); });
+    }
+    std::int32_t ShiftObjDown(std::int32_t position) { return Shift(position, +1, true); }
+    std::int32_t ShiftObjDown(std::string_view key) {
+        return ShiftFound(key, [this](std::int32_t position) { return ShiftObjDown(position); });
+    }
 
-    /// The same shifts for lists in which elements share names: the element goes without its Key, which it has again
-    /// afterwards, and so meets no other.
-    std::int32_t MoveUp(std::int32_t position) {
-        return WithoutKey(position, [&] { return ShiftObjUp(position); });
-    }
-    std::int32_t MoveDown(std::int32_t position) {
-        return WithoutKey(position, [&] { return ShiftObjDown(position); });
-    }
+    /// The same shifts for lists in which elements share names: the element goes back without a key, and so meets no
+    /// other. An indexed list finds its elements by their keys, which they keep there.
+    std::int32_t MoveUp(std::int32_t position) { return Shift(position, -1, Indexed()); }
+    std::int32_t MoveDown(std::int32_t position) { return Shift(position, +1, Indexed()); }
 
     bool WriteInfo(CProfile* profile, const std::string& section) const {
         return Trap([&] {
@@ -172,27 +172,42 @@ class CKeyedList {
     }
 
   private:
-    // In front of the first element whose name compares greater; equals keep the order in which they came.
-    std::int32_t SortedPosition(std::string_view name) {
-        const auto precedes = [](std::string_view a, std::string_view b) {
-            return MAnsiText::CompareIgnoreCase(a, b) < 0;
-        };
-        const auto nameAt = [this](std::int32_t position) -> std::string_view { return items_.Item(position)->Name(); };
-        if (!inOrder_) {
-            std::int32_t firstGreater = 0;
-            inOrder_ = true;
-            for (std::int32_t position = 1; position <= Count(); ++position) {
-                if (firstGreater == 0 && precedes(name, nameAt(position))) firstGreater = position;
-                if (position > 1 && precedes(nameAt(position), nameAt(position - 1))) inOrder_ = false;
-            }
-            return firstGreater == 0 ? Count() + 1 : firstGreater;
+    static constexpr std::uint64_t kNeverSeen = 0;
+
+    static bool Precedes(std::string_view a, std::string_view b) { return MAnsiText::CompareIgnoreCase(a, b) < 0; }
+    const std::string& NameAt(std::int32_t position) const { return items_.Item(position)->Name(); }
+
+    bool InOrder() const { return orderSeen_ == MWatched::changes; }
+
+    // Finds out whether the names stand in order, and watches them from then on.
+    void LookAtOrder() {
+        const TItem* previous = nullptr;
+        for (TItem& item : items_) {
+            if (item.IsEmpty() || (previous != nullptr && Precedes(item.Name(), previous->Name()))) return;
+            item.WatchName();
+            previous = &item;
         }
-        if (Count() == 0 || !precedes(name, nameAt(Count()))) return Count() + 1;
+        orderSeen_ = MWatched::changes;
+    }
+
+    // In front of the first element whose name compares greater; equals keep the order in which they came. An empty
+    // wrapper that is met on the way is error 91. Where the names stand in order the place is searched, else walked to.
+    std::int32_t SortedPosition(const TItem& added) {
+        if (!InOrder()) LookAtOrder();
+        if (Count() == 0) return 1;
+        const std::string_view name = added.Name();
+        if (!InOrder()) {
+            std::int32_t position = 1;
+            while (position <= Count() && !Precedes(name, NameAt(position)))
+                ++position;
+            return position;
+        }
+        if (!Precedes(name, NameAt(Count()))) return Count() + 1;
         std::int32_t low = 1;
         std::int32_t high = Count();
         while (low < high) {
             const std::int32_t middle = low + (high - low) / 2;
-            if (precedes(name, nameAt(middle))) {
+            if (Precedes(name, NameAt(middle))) {
                 high = middle;
             } else {
                 low = middle + 1;
@@ -201,14 +216,15 @@ class CKeyedList {
         return low;
     }
 
-    std::int32_t Shift(std::int32_t from, std::int32_t to) {
+    std::int32_t Shift(std::int32_t from, std::int32_t step, bool keyed) {
         std::int32_t moved = 0;
         Trap([&] {
-            if (!Exists(from)) return false;
+            if (!Exists(from) || !Exists(from + step)) return false;
+            const std::int32_t to = from + step;
             const ItemPtr item = items_.Item(from);
-            inOrder_ = false;
+            orderSeen_ = kNeverSeen;
             items_.Remove(from);
-            items_.Insert(to, item, item->Key());
+            items_.Insert(to, item, keyed ? std::string_view(item->Key()) : std::string_view());
             moved = to;
             return true;
         });
@@ -216,13 +232,9 @@ class CKeyedList {
     }
 
     template <class TShift>
-    std::int32_t WithoutKey(std::int32_t position, const TShift& shift) {
-        if (Indexed() || !Exists(position)) return shift();  // an indexed list finds its elements by their keys
-        const ItemPtr item = Share(position);
-        const std::string key = item->Key();
-        item->SetKey("");
-        const std::int32_t moved = shift();
-        item->SetKey(key);
+    std::int32_t ShiftFound(std::string_view key, const TShift& shift) {
+        std::int32_t moved = 0;
+        Trap([&] { return (moved = shift(GetIndex(key))) != 0; });
         return moved;
     }
 
@@ -230,6 +242,6 @@ class CKeyedList {
     std::string_view tag_;
     std::int16_t sorted_ = 0;
     std::int16_t indexed_ = 0;
-    // True while the names are known to stand in order, so that a sorted insertion may search instead of walk.
-    bool inOrder_ = true;
+    // The number of changes at which the names were seen to stand in order: while it holds, none of them has changed.
+    std::uint64_t orderSeen_ = kNeverSeen;
 };

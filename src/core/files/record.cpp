@@ -18,7 +18,7 @@ bool CRecord::WriteIdentity(CProfile& profile, const std::string& section, const
     return profile.WriteProfile(section, "ENTRY", tag) &&
            profile.WriteProfile(section, "VERSION", std::to_string(version_)) &&
            profile.WriteProfile(section, "FULLINFO", std::to_string(fullInfo_)) &&
-           profile.WriteProfile(section, "NAME", name_) && profile.WriteProfile(section, "DESCR", descr_) &&
+           profile.WriteProfile(section, "NAME", Name()) && profile.WriteProfile(section, "DESCR", descr_) &&
            profile.WriteProfile(section, "KEY", key_);
 }
 
@@ -29,7 +29,8 @@ bool CRecord::ReadIdentity(CProfile& profile, const std::string& section, const 
     if (profile.ReadProfile(section, "VERSION", text)) MNumberText::ToInt16(text);
     if (!profile.ReadProfile(section, "FULLINFO", text)) return false;
     fullInfo_ = MNumberText::ToInt16(text);
-    if (!profile.ReadProfile(section, "NAME", name_)) return false;
+    if (!profile.ReadProfile(section, "NAME", text)) return false;
+    SetName(text);
     descr_.clear();
     profile.ReadProfile(section, "DESCR", descr_);
     key_.clear();
@@ -42,7 +43,7 @@ std::int16_t CRecord::ImportIdentity(CSequentialInput& file) {
     const std::int16_t recordVersion = file.ReadInt16();
     file.ReadText();
     file.ReadInt16();
-    name_ = file.ReadText();
+    SetName(file.ReadText());
     descr_ = file.ReadText();
     return recordVersion;
 }

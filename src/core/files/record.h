@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/files/watched.h"
+
 class CProfile;
 class CSequentialInput;
 
@@ -12,8 +14,10 @@ class CRecord {
   public:
     virtual ~CRecord() = default;
 
-    const std::string& Name() const { return name_; }
+    const std::string& Name() const { return *name_; }
     void SetName(const std::string& name) { name_ = name; }
+    /// From now on sorted lists notice a change of the name.
+    void WatchName() { name_.Watch(); }
     const std::string& Descr() const { return descr_; }
     void SetDescr(const std::string& descr) { descr_ = descr; }
     /// Identity inside a keyed list; empty where the list isn't indexed.
@@ -40,10 +44,12 @@ class CRecord {
     static bool WritePoints(CProfile& profile, const std::string& section, double first, double second);
     static bool ReadPoints(CProfile& profile, const std::string& section, double& first, double& second);
 
-    std::string name_;
     std::string descr_;
     std::string key_;
     // The word as it was set or read: any word but 0 is true, and a file gets back what it held.
     std::int16_t fullInfo_ = 1;
     std::int16_t version_ = 2;
+
+  private:
+    CWatched<std::string> name_;
 };

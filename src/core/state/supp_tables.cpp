@@ -49,7 +49,7 @@ bool CSuppTables::IsEqAllowed(const CEquipment& item, std::string_view unitClass
 }
 
 bool CSuppTables::IsEqAllowed(const CEqItem& item, std::string_view unitClass) const {
-    return IsEqAllowed(item.Item(), unitClass);
+    return !item.IsEmpty() && IsEqAllowed(item.Item(), unitClass);
 }
 
 std::int16_t CSuppTables::GetBasePointCost(const std::string& weaponClass) const {

@@ -9,7 +9,7 @@ class SuppTablesTest : public CoreTest {
     void ExpectWarning(const std::string& why) {
         platform_.ExpectBox(BoxKind::Warning, BoxButtons::Ok, "Error while reading support tables (" + why + ").");
     }
-    std::string AllowedTo(const CEquipment& item) const {
+    std::string AllowedTo(const auto& item) const {
         std::string classes;
         for (const char* unitClass : {"infantry", "Vehicle", "Robot"})
             classes += tables_.IsEqAllowed(item, unitClass) ? unitClass : "";
@@ -33,7 +33,7 @@ TEST_F(SuppTablesTest, AnswersByClassWithoutRegardToCase) {
     ASSERT_TRUE(tables_.ReadInfo(Save("t", kRules)));
     weapon_.SetWeaponClass("RIFLE");
     accessory_.SetAccClass("armour");
-    EXPECT_EQ(AllowedTo(weapon_) + AllowedTo(accessory_), "infantryRobot");
+    EXPECT_EQ(AllowedTo(weapon_) + AllowedTo(accessory_) + AllowedTo(CEqItem()), "infantryRobot");
     EXPECT_EQ(tables_.GetBasePointCost("rifle"), 2);  // 2.5 and 3.5 go to the even neighbour
     EXPECT_EQ(tables_.GetBasePointCost("bow"), 4);
     EXPECT_EQ(tables_.GetPenCategories("RIFLE")->Element(1) + tables_.GetPenCategories("RIFLE")->Element(4), "2");
