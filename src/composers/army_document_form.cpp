@@ -64,7 +64,13 @@ void FArmyDocumentForm::cmdDeleteAll_Click() {
 }
 
 void FArmyDocumentForm::cmdUpdateCosts_Click() {
-    MGlobal::WarnOfMissing(terms_.missingHeading, terms_.updateCosts());
+    try {
+        MGlobal::WarnOfMissing(terms_.missingHeading, terms_.updateCosts());
+    } catch (...) {
+        ContentChanged(2);  // what was renewed up to the error is there to be seen and saved
+        ShowItem();
+        throw;
+    }
     ShowItem();
     ContentChanged(2);
     MPlatform::ShowInformation("Recalculation complete.");

@@ -27,9 +27,14 @@ void FSetup::Import(const SGroup& group) {
     const std::string target = targetDialog.FileName;
 
     if (!group.document().ImportInfoV1(sourceDialog.FileName)) MPlatform::ShowWarning(group.importReadFailure);
-    if (group.syncAfterImport != nullptr) MGlobal::WarnOfMissing(MGlobal::kItemsNotFound, group.syncAfterImport());
-    group.setPath(target);
-    (this->*group.field).SetText(target);
+    {
+        // Whatever the sync meets: what was imported never goes by the name of the former file.
+        const auto named = qScopeGuard([&] {
+            group.setPath(target);
+            (this->*group.field).SetText(target);
+        });
+        if (group.syncAfterImport != nullptr) MGlobal::WarnOfMissing(MGlobal::kItemsNotFound, group.syncAfterImport());
+    }
     if (group.document().WriteInfo(target)) {
         MPlatform::ShowInformation("Import complete");
     } else {

@@ -6,6 +6,7 @@
 #include "core/files/profile.h"
 #include "core/files/runtime_error.h"
 #include "core/files/sequential.h"
+#include "units/copying.h"
 
 namespace {
 
@@ -29,29 +30,6 @@ class CNesting {
 };
 
 int CNesting::depth_ = 0;
-
-// Counts the members of one copy, squads in squads included. Squads that refer to each other by name can unfold, update
-// by update, into more copies than any memory holds.
-class CCopying {
-  public:
-    CCopying() {
-        if (depth_++ == 0) members_ = 0;
-    }
-    CCopying(const CCopying&) = delete;
-    CCopying& operator=(const CCopying&) = delete;
-    ~CCopying() { --depth_; }
-
-    void CountMember() {
-        if (++members_ > CMultUnit::kMostMembersCopied) throw CRuntimeError(ErrorNumber::OutOfMemory);
-    }
-
-  private:
-    static int depth_;
-    static int members_;
-};
-
-int CCopying::depth_ = 0;
-int CCopying::members_ = 0;
 
 }  // namespace
 
@@ -126,6 +104,12 @@ void CMultUnit::Remove(std::string_view key) {
 }
 
 void CMultUnit::Clone(const CMultUnit& source) {
+    CloneWithoutSum(source);
+    if (Count() > 0) CalculatePointCost();
+}
+
+// Inner squads are summed with the outermost one: a sum at each level would visit a member once a level.
+void CMultUnit::CloneWithoutSum(const CMultUnit& source) {
     SetName(source.Name());
     descr_ = source.descr_;
     key_ = source.key_;
@@ -135,10 +119,14 @@ void CMultUnit::Clone(const CMultUnit& source) {
     for (const CGenUnit& member : source.Units()) {
         copying.CountMember();
         auto copy = std::make_shared<CGenUnit>();
-        copy->Clone(member);
+        if (member.GenUnitClass() == CGenUnit::Squad) {
+            copy->NewUnit(CGenUnit::Squad);
+            copy->SquadUnit().CloneWithoutSum(member.SquadUnit());
+        } else {
+            copy->Clone(member);
+        }
         AddAsSummary(std::move(copy));
     }
-    if (Count() > 0) CalculatePointCost();
 }
 
 bool CMultUnit::WriteInfo(CProfile* profile, const std::string& section) const {

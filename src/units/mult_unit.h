@@ -17,8 +17,6 @@ class CMultUnit : public CBaseUnit {
 
     /// Deeper nesting in a file fails the read, as running out of stack would.
     static constexpr int kDeepestNesting = 500;
-    /// A copy that unfolds into more members, those of inner squads included, is error 7.
-    static constexpr int kMostMembersCopied = 200'000;
 
     std::int32_t UnitType() const override { return kSquadType; }
     void SetQuantity(std::int16_t quantity) override;
@@ -41,7 +39,7 @@ class CMultUnit : public CBaseUnit {
     auto end() const { return Units().end(); }
 
     void InitUnit();
-    /// `Version` and `FullInfo` are not copied.
+    /// `Version` and `FullInfo` are not copied. Error 7 where the copy unfolds into too many members (see CCopying).
     void Clone(const CMultUnit& source);
 
     bool WriteInfo(CProfile* profile, const std::string& section) const override;
@@ -50,6 +48,7 @@ class CMultUnit : public CBaseUnit {
 
   private:
     void Recalculate() const;
+    void CloneWithoutSum(const CMultUnit& source);
     void AddAsSummary(std::shared_ptr<CGenUnit> member);
 
     std::unique_ptr<CUnitList> units_;

@@ -7,6 +7,7 @@
 #include "core/files/number_text.h"
 #include "core/files/profile.h"
 #include "core/files/sequential.h"
+#include "units/copying.h"
 
 namespace {
 
@@ -219,7 +220,9 @@ void CUnit::Clone(const CUnit& source) {
     for (std::int32_t i = 0; i < CrewPlaceCount; ++i)
         SetCrew(i, source.Crew(i));
     eqList_->Clear();
+    CCopying copying;
     for (const CEqItem& item : source.EqList()) {
+        copying.CountItem();
         auto copy = std::make_shared<CEqItem>();
         copy->Clone(item);
         eqList_->Add(std::move(copy));

@@ -82,6 +82,12 @@ TEST_F(ArmyComposerTest, DeletesAllAndUpdatesCosts) {
     Expect(BoxKind::Information, "Recalculation complete.");
     Do("cmdMenu(1)");
     EXPECT_EQ(Totals() + " " + TakeMarks(), "Units in Army: 3 / 17 1");  // a golem at 7 now, 5, 5
+    Units().Item("Golem").SingleUnit().SetStatValue(CUnit::MV, 13);
+    AddOfType("Drone", CUnit::SlaveRobot);
+    EXPECT_EQ(ErrorOf([] { Units().Item("Drone").SingleUnit().SetSpecialProp(CUnit::HeroicSave, 6554); }), 6);
+    Expect(BoxKind::Critical, "Run-time error '6':\r\n\r\nOverflow");
+    Do("cmdMenu(1)");
+    EXPECT_EQ(Totals() + " " + TakeMarks(), "Units in Army: 3 / 20 1") << "what is renewed up to an error is shown";
     ExpectClosing("1");
     Open<FArmyComposer>();
     Question(question);

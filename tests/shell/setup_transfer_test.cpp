@@ -1,4 +1,5 @@
 #include "shell/setup_test.h"
+#include "units/unit.h"
 
 using enum BoxAnswer;
 
@@ -35,10 +36,14 @@ TEST_F(SetupTest, ImportTellsWhatItLacksAndWakesTheFormUpAfterEveryFailure) {
         ExpectPath(file, target);
         EXPECT_EQ(Modified(), "012");
     }
-    platform_.ExpectOpen("", [](const CFileDialog&) { throw CRuntimeError(ErrorNumber::DeviceError); });
-    Expect(BoxKind::Critical, "Run-time error '57':\r\n\r\nDevice I/O error");
-    Click("cmdImportArmyList");
-    EXPECT_TRUE(MFormDriver::Find(*form_, "cmdImportArmyList")->isEnabled());
+    CUnit& guard = MGlobal::ArmyList().ArmyUnits().Item("guard").SingleUnit();
+    EXPECT_EQ(ErrorOf([&] { guard.SetSpecialProp(CUnit::HeroicSave, 6554); }), 6);
+    platform_.ExpectOpen(Save("old", kRosterV1));
+    platform_.ExpectSave(folder_ / "named.v2r");
+    Expect(BoxKind::Critical, "Run-time error '6':\r\n\r\nOverflow");
+    Click("cmdImportArmyRoster");
+    ExpectPath(kWorkingFiles[2], folder_ / "named.v2r");  // never the former file's
+    EXPECT_TRUE(MFormDriver::Find(*form_, "cmdImportArmyRoster")->isEnabled());
 }
 
 TEST_F(SetupTest, MergeRefusesTheFileByItsPathAloneAndAsksAtEachClash) {

@@ -7,6 +7,7 @@
 #include "core/files/runtime_error.h"
 #include "core/state/global.h"
 #include "core/state/global_state.h"
+#include "units/copying.h"
 #include "units/mult_unit.h"
 #include "units/unit.h"
 
@@ -65,12 +66,45 @@ void PromptSave(std::int32_t which, Document index, CDocument& document, const s
     }
 }
 
+// A wrapper whose renewal fails keeps what it held: nothing is left half made.
+template <class TWrapper, class TRenewal>
+void RenewWhole(TWrapper& wrapper, const TRenewal& renewal) {
+    const TWrapper before = wrapper;
+    try {
+        renewal();
+    } catch (...) {
+        wrapper = before;
+        throw;
+    }
+}
+
 // Renews a summary from its source; what it has of its own is the quantity.
 void Renew(CGenUnit& unit, const CGenUnit& source) {
-    const std::int16_t quantity = unit.Quantity();
-    unit.Clone(source);
-    unit.SetQuantity(quantity);
-    unit.SetFullInfo(false);
+    RenewWhole(unit, [&] {
+        const std::int16_t quantity = unit.Quantity();
+        unit.Clone(source);
+        unit.SetQuantity(quantity);
+        unit.SetFullInfo(false);
+    });
+}
+
+void Renew(CEqItem& item, const CEqItem& source) {
+    RenewWhole(item, [&] {
+        item.Clone(source);
+        item.SetFullInfo(false);
+    });
+}
+
+// Renews what a unit or squad holds, and prices it: also where the renewal ends half way.
+template <class TOwner, class TRenewal>
+void RenewAndPrice(TOwner& owner, const TRenewal& renewal) {
+    try {
+        renewal();
+    } catch (...) {
+        owner.CalculatePointCost();
+        throw;
+    }
+    owner.CalculatePointCost();
 }
 
 // Renews the summaries of a list from the army list; gives the names that it doesn't hold, each behind `prefix`.
@@ -96,13 +130,11 @@ std::string RenewEquipment(CUnit& unit) {
         const CArmyTables& tables = ArmyTables();
         const CEqList& sources = weapon ? tables.ArmyWeapons() : tables.ArmyAccessories();
         if (sources.Exists(item.Name())) {
-            item.Clone(sources.Item(item.Name()));
-            item.SetFullInfo(false);
+            Renew(item, sources.Item(item.Name()));
         } else {
             missing += kLineEnd + ("UNIT: " + unit.Name()) + (weapon ? ", WEAPON: " : ", ACCESSORY: ") + item.Name();
         }
     }
-    unit.CalculatePointCost();
     return missing;
 }
 
@@ -126,20 +158,23 @@ void PromptSaveModified(std::int32_t which) {
 }
 
 std::string SyncRosterWithArmyList() {
+    const CCopying copying;
     return RenewSummaries(ArmyRoster().ArmyUnits(), kLineEnd);
 }
 
 std::string SyncArmyListWithEquipment() {
+    const CCopying copying;
     std::string missing;
     // Single units first, so that the squads copy fresh data.
-    for (CGenUnit& unit : ArmyList().ArmyUnits()) {
-        if (unit.GenUnitClass() == CGenUnit::Single) missing += RenewEquipment(unit.SingleUnit());
+    for (CGenUnit& entry : ArmyList().ArmyUnits()) {
+        if (entry.GenUnitClass() != CGenUnit::Single) continue;
+        CUnit& unit = entry.SingleUnit();
+        RenewAndPrice(unit, [&] { missing += RenewEquipment(unit); });
     }
-    for (CGenUnit& unit : ArmyList().ArmyUnits()) {
-        if (unit.GenUnitClass() != CGenUnit::Squad) continue;
-        CMultUnit& squad = unit.SquadUnit();
-        missing += RenewSummaries(squad.Units(), std::string(kLineEnd) + "UNIT: ");
-        squad.CalculatePointCost();
+    for (CGenUnit& entry : ArmyList().ArmyUnits()) {
+        if (entry.GenUnitClass() != CGenUnit::Squad) continue;
+        CMultUnit& squad = entry.SquadUnit();
+        RenewAndPrice(squad, [&] { missing += RenewSummaries(squad.Units(), std::string(kLineEnd) + "UNIT: "); });
     }
     return missing;
 }

@@ -1,5 +1,7 @@
 #include "core/state/global.h"
 
+#include <utility>
+
 #include "core/files/hide_utils.h"
 #include "core/files/profile.h"
 #include "core/state/app.h"
@@ -136,28 +138,59 @@ TEST_F(GlobalTest, ListTakesEquipmentThenSquadsTheirMembersAndTheRosterItsUnits)
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "\r\nUNIT: Guard, WEAPON: Laser\r\nUNIT: Gone");
 }
 
-std::shared_ptr<CGenUnit> SquadSummary(char name) {
-    auto squad = std::make_shared<CGenUnit>();
-    squad->NewUnit(CGenUnit::Squad);
-    squad->SetName(std::string(1, name));
-    squad->SetFullInfo(false);
-    return squad;
+std::shared_ptr<CGenUnit> Summary(CGenUnit::Kind kind, const std::string& name) {
+    auto unit = std::make_shared<CGenUnit>();
+    unit->NewUnit(kind);
+    unit->SetName(name);
+    unit->SetFullInfo(false);
+    return unit;
 }
 
-TEST_F(GlobalTest, SquadsThatNameEachOtherAreRenewedOnceOrRefused) {
-    Load();
+// A squad that holds another name so many times.
+void AddSquad(const std::string& name, int times, const std::string& member, CGenUnit::Kind kind = CGenUnit::Squad) {
     CUnitList& units = MGlobal::ArmyList().ArmyUnits();
-    units.Add(SquadSummary('S'));
-    units.Item("S").AsSquad()->Add(SquadSummary('s'), "");
+    units.Add(Summary(CGenUnit::Squad, name));
+    for (int i = 0; i < times; ++i)
+        units.Item(name).AsSquad()->Units().Add(Summary(kind, member));
+}
+
+TEST_F(GlobalTest, OneUpdateCopiesSoMuchAndLeavesNothingHalfMade) {
+    Load();
+    AddSquad("S", 1, "s");
     EXPECT_EQ(MGlobal::SyncArmyListWithEquipment(), "") << "it holds itself";
 
-    // Each squad holds the one before it in the list twice: what the next one copies doubles every time.
-    for (char name = 'A'; name <= 'Z'; ++name) {
-        units.Add(SquadSummary(name));
-        for (int twice = 0; twice < 2; ++twice)
-            units.Item(std::string(1, name)).AsSquad()->Add(SquadSummary(static_cast<char>(name - 1)), "");
-    }
+    MGlobal::ArmyList().ArmyUnits().Add(Summary(CGenUnit::Single, "A"));  // 5 points
+    AddSquad("B", 698, "A", CGenUnit::Single);
+    AddSquad("C", 1, "B");
+    for (int i = 100; i < 300; ++i)
+        AddSquad("S" + std::to_string(i), 2, "C");  // 1,398 members: the 143rd takes one of its two
     EXPECT_EQ(ErrorOf([] { MGlobal::SyncArmyListWithEquipment(); }), 7);
+    ASSERT_TRUE(MGlobal::ArmyList().WriteInfo(folder_ / "out"));
+    const std::string saved = ReadBytes(folder_ / "out");
+    for (const std::string entry : {"S241\r\nQUANTITY=1\r\nPOINTS=6980,", "S242\r\nQUANTITY=1\r\nPOINTS=3490,"})
+        EXPECT_NE(saved.find("KEY=" + entry), std::string::npos) << "not priced by what it holds: " << entry;
+
+    auto deep = Summary(CGenUnit::Squad, "deep");
+    for (int depth = 0; depth < 2'000; ++depth) {
+        const auto outer = Summary(CGenUnit::Squad, "deep");
+        outer->AsSquad()->Units().Add(std::exchange(deep, outer));
+    }
+    EXPECT_EQ(ErrorOf([&] { CGenUnit().Clone(*deep); }), 28);
+
+    const auto guard = Summary(CGenUnit::Single, "Guard");
+    MGlobal::ArmyList().ArmyUnits().Add(guard);
+    for (int i = 0; i < 30; ++i) {
+        guard->AsUnit()->EqList().Add(std::make_shared<CEqItem>());
+        guard->AsUnit()->EqList().Item(i + 1).NewItem(CEqItem::Weapon);
+    }
+    CUnitList& roster = MGlobal::ArmyRoster().ArmyUnits();
+    for (int i = 0; i < 6'667; ++i)
+        roster.Add(Summary(CGenUnit::Single, "Guard"));
+    EXPECT_EQ(ErrorOf([] { MGlobal::SyncRosterWithArmyList(); }), 7);
+    for (const std::int32_t entry : {6'666, 6'667})
+        EXPECT_EQ(roster.Item(entry).AsUnit()->EqList().Count(), entry == 6'666 ? 30 : 0) << "entry " << entry;
+    roster.Remove(6'667);
+    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "") << "so many may be copied";
 }
 
 TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
