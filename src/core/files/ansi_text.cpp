@@ -50,6 +50,18 @@ std::string UpperCase(std::string_view text) {
     return upper;
 }
 
+std::string OneLine(std::string_view text) {
+    std::string line;
+    line.reserve(text.size());
+    char former = ' ';
+    for (const char c : text) {
+        const bool behindReturn = c == '\n' && former == '\r';
+        if (!behindReturn) line += c == '\r' || c == '\n' ? ' ' : c;
+        former = c;
+    }
+    return line;
+}
+
 int CompareIgnoreCase(std::string_view a, std::string_view b) {
     const std::size_t common = a.size() < b.size() ? a.size() : b.size();
     for (std::size_t i = 0; i < common; ++i) {

@@ -11,6 +11,9 @@ char Upper(char c);
 /// Upper case, one character for one: é, ÿ, š, œ, ž change; ß, µ, ƒ have no upper case here and stay.
 std::string UpperCase(std::string_view text);
 
+/// The text on one line, as every file form needs it: a line break (CR LF, CR or LF) becomes a blank.
+std::string OneLine(std::string_view text);
+
 /// Below 0, 0 or above 0 as `a` comes before, equals or comes after `b`, by the codes of their upper-cased characters.
 int CompareIgnoreCase(std::string_view a, std::string_view b);
 bool EqualIgnoreCase(std::string_view a, std::string_view b);

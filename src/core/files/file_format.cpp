@@ -103,6 +103,19 @@ std::string FormatRealField(float value) {
     return Format(value, 7, 1e7F);
 }
 
+std::string AsFileGivesBack(std::string_view text) {
+    CProfile file = CProfile::ForSaving("");
+    std::string stored;
+    std::string read(text);
+    do {
+        stored.swap(read);
+        read.clear();
+        file.WriteProfile("TOP", "NAME", stored);
+        file.ReadProfile("TOP", "NAME", read);
+    } while (read != stored);
+    return read;
+}
+
 std::string ElementSection(const std::string& list, std::int32_t position) {
     return list + "_" + std::to_string(position);
 }

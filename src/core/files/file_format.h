@@ -33,6 +33,11 @@ inline std::string FormatRealField(std::int32_t value) {
     return std::to_string(value);
 }
 
+/// The text as a document gives it back once it is stored: trimmed, without quotes around it, cut at 254 characters, on
+/// one line. That is done until it changes nothing more, so the result survives any number of savings and readings.
+/// Empty also for the one text that reads as missing, "*not_found*".
+std::string AsFileGivesBack(std::string_view text);
+
 /// Name of an element's section: that of its list, an underscore and the position from 1.
 std::string ElementSection(const std::string& list, std::int32_t position);
 

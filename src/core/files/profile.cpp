@@ -1,5 +1,6 @@
 #include "core/files/profile.h"
 
+#include "core/files/ansi_text.h"
 #include "core/files/platform.h"
 #include "core/files/runtime_error.h"
 
@@ -63,7 +64,8 @@ bool CProfile::ReadProfile(std::string_view section, std::string_view key, std::
 bool CProfile::WriteProfile(std::string_view section, std::string_view key, std::string_view value) {
     return Trap([&] {
         if (mode_ == Mode::Gathered) {
-            text_.Set(section, key, value);
+            const bool onOneLine = value.find('\n') == value.npos && value.find('\r') == value.npos;
+            text_.Set(section, key, onOneLine ? value : std::string_view(MAnsiText::OneLine(value)));
             return true;
         }
         // From the file, not from memory: what somebody else wrote since must stay. A file that can't be read is not

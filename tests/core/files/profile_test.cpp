@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "core/files/file_access.h"
+#include "core/files/file_format.h"
 #include "equipment/army_tables.h"
 #include "support/core_test.h"
 
@@ -91,6 +92,28 @@ TEST(ProfileText, StaysInStepWithItsText) {
                     ASSERT_EQ(text.Find(section, key), fresh.Find(section, key)) << text.Text();
             }
         }
+    }
+}
+
+TEST_F(ProfileTest, ForeseesWhatADocumentGivesBack) {
+    const std::string long254(254, 'x');
+    const std::pair<std::string, std::string> kCases[] = {
+        {" a b\t", "a b"},
+        {"\"'x'\"", "x"},
+        {"' \"x ' ", "\"x"},
+        {long254 + "y", long254},
+        {"'" + long254, "'" + long254.substr(1)},
+        {std::string(253, 'x') + " y", std::string(253, 'x')},
+        {"*not_found*", ""},
+        {"'*not_found*'", ""},
+        {"\"\"", ""},
+        {"a\r\n[WEAPONLIST]\rCOUNT=x\n\ny\r\n", "a [WEAPONLIST] COUNT=x  y"}};
+    for (const auto& [text, kept] : kCases) {
+        EXPECT_EQ(MFileFormat::AsFileGivesBack(text), kept) << text;
+        tables_.SetName(text);
+        for (int trip = 0; trip < 3; ++trip)
+            EXPECT_TRUE(tables_.WriteInfo(folder_ / "d") && tables_.ReadInfo(folder_ / "d")) << text;
+        EXPECT_EQ(tables_.Name(), kept) << "in a document";
     }
 }
 
