@@ -7,8 +7,9 @@
 
 namespace {
 
+// Around names and values alike. Line ends never get here.
 bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
+    return c == ' ' || c == '\t' || c == '\v' || c == '\f';
 }
 
 bool IsLetterOrDigit(char c) {

@@ -98,7 +98,7 @@ TEST(ProfileText, StaysInStepWithItsText) {
 TEST_F(ProfileTest, ForeseesWhatADocumentGivesBack) {
     const std::string long254(254, 'x');
     const std::pair<std::string, std::string> kCases[] = {
-        {" a b\t", "a b"},
+        {"\v a b\f\t", "a b"},
         {"\"'x'\"", "x"},
         {"' \"x ' ", "\"x"},
         {long254 + "y", long254},
