@@ -1,10 +1,12 @@
 #include "core/files/sequential.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <map>
 #include <memory>
 
+#include "core/files/ansi_text.h"
 #include "core/files/file_access.h"
 #include "core/files/number_text.h"
 #include "core/files/runtime_error.h"
@@ -30,9 +32,9 @@ std::string CSequentialInput::ReadText() {
 
     std::string text;
     if (!AtEnd() && content_[at_] == '"') {
-        const std::size_t close = content_.find('"', at_ + 1);
-        text = content_.substr(at_ + 1, close == std::string::npos ? close : close - at_ - 1);
-        at_ = close == std::string::npos ? content_.size() : close + 1;
+        const std::size_t close = std::min(content_.find('"', at_ + 1), content_.size());
+        text = MAnsiText::OneLine(std::string_view(content_).substr(at_ + 1, close - at_ - 1));
+        at_ = close;
         while (!AtEnd() && !IsSeparator(content_[at_]))
             ++at_;
     } else {

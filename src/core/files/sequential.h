@@ -6,7 +6,8 @@
 #include <string_view>
 
 /// Reads the sequential form: fields parted by commas and line ends, strings in double quotes, from top to bottom.
-/// Reading past the end is error 62. A number field that holds no number gives 0; one out of range is error 6.
+/// A line break between quotes becomes a blank, since no text of the model may hold one. Reading past the end is error
+/// 62. A number field that holds no number gives 0; one out of range is error 6.
 class CSequentialInput {
   public:
     /// Opens a file; see MFileAccess::ReadWholeFile for the errors.

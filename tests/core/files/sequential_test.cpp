@@ -9,9 +9,9 @@ using SequentialTest = CoreTest;
 
 TEST_F(SequentialTest, FieldsEndAtCommasAndLineEnds) {
     const std::pair<std::string, std::vector<std::string>> kCases[] = {
-        {"a,b\nc\rd", {"a", "b", "c", "d"}},      {"\"x,y\r\nz\",2\r\n", {"x,y\r\nz", "2"}},
+        {"a,b\nc\rd", {"a", "b", "c", "d"}},      {"\"x,y\r\nz\",2\r\n", {"x,y z", "2"}},
         {"\"a\"junk,a\"b,c", {"a", "a\"b", "c"}}, {"  \" a \"  ,\t b \r\n", {" a ", "b "}},
-        {"\r\n\r\n,,a,", {"", "", "", "", "a"}},  {"\"open,1\r\n2", {"open,1\r\n2"}}};
+        {"\r\n\r\n,,a,", {"", "", "", "", "a"}},  {"\"open,1\r\n2", {"open,1 2"}}};
     for (const auto& [bytes, fields] : kCases) {
         CSequentialInput input(Save("s", bytes));
         for (const std::string& field : fields)
