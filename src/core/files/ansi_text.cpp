@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <random>
 
 namespace MAnsiText {
 
@@ -36,6 +37,14 @@ constexpr std::array<char, 256> MakeUpperTable() {
 }
 
 constexpr std::array<char, 256> kUpper = MakeUpperTable();
+
+__extension__ using CUint128 = unsigned __int128;
+
+// Below 2^60, so that a hash modulo 2^61 - 1 that is carried on without the last reduction stays below 2^63.
+std::uint64_t RandomPoint() {
+    std::random_device random;
+    return std::uniform_int_distribution<std::uint64_t>(1u << 30, (std::uint64_t{1} << 60) - 1)(random);
+}
 
 }  // namespace
 
@@ -108,10 +117,23 @@ std::string ToUtf8(std::string_view ansi) {
     return utf8;
 }
 
+// The blocks of the text are the coefficients of a polynomial modulo a prime; its value at a point drawn for this run
+// is the hash. Two texts share it at no more points than they have blocks, so nobody can write names that collide.
 std::size_t HashIgnoreCase::operator()(std::string_view text) const {
-    std::uint64_t hash = 14695981039346656037u;
-    for (const char c : text)
-        hash = (hash ^ Code(Upper(c))) * 1099511628211u;
+    constexpr int kPrimeBits = 61;
+    constexpr std::uint64_t kPrime = (std::uint64_t{1} << kPrimeBits) - 1;
+    constexpr std::size_t kBlock = 7;
+    static const std::uint64_t point = RandomPoint();
+    std::uint64_t hash = 0;
+    do {
+        const std::string_view block = text.substr(0, kBlock);
+        std::uint64_t coefficient = 1;  // tells a block from a shorter one with leading zeros
+        for (const char c : block)
+            coefficient = coefficient << 8 | Code(Upper(c));
+        const CUint128 value = CUint128{hash + coefficient} * point;
+        hash = static_cast<std::uint64_t>(value & kPrime) + static_cast<std::uint64_t>(value >> kPrimeBits);
+        text.remove_prefix(block.size());
+    } while (!text.empty());
     return static_cast<std::size_t>(hash);
 }
 

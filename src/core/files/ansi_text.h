@@ -26,7 +26,8 @@ char FromUnicode(char32_t codePoint, char lacking = '?');
 /// For texts that leave the model for a box or caption.
 std::string ToUtf8(std::string_view ansi);
 
-/// Hash and equality of keys that ignore case, for unordered containers that are searched by string views.
+/// Hash and equality of keys that ignore case, for unordered containers that are searched by string views. The hash of
+/// a text differs from run to run: keys come from files, and nobody may choose them so that a container becomes a list.
 struct HashIgnoreCase {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const;

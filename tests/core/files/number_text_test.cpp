@@ -1,5 +1,7 @@
 #include "core/files/number_text.h"
 
+#include <set>
+
 #include "core/files/ansi_text.h"
 #include "core/files/file_format.h"
 #include "core/files/int16.h"
@@ -49,6 +51,17 @@ TEST(AnsiText, FoldsCaseAndGoesToUnicodeAndBackCharacterByCharacter) {
     for (int code = 0; code < 256; ++code)
         EXPECT_EQ(MAnsiText::FromUnicode(MAnsiText::ToUnicode(static_cast<char>(code))), static_cast<char>(code));
     EXPECT_EQ(MAnsiText::ToUtf8("a\xE9\x80\x9F"), "a\u00E9\u20AC\u0178");
+}
+
+TEST(AnsiText, HashSpreadsNamesOfARowAndDiffersFromRunToRun) {
+    std::set<std::size_t> slots;
+    for (int i = 0; i < 4096; ++i)
+        slots.insert(MAnsiText::HashIgnoreCase()("UNITLIST_" + std::to_string(i)) % 65536);
+    EXPECT_GT(slots.size(), 3000u);
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // starts the program anew, whose environment is this one's
+    const std::string hash = std::to_string(MAnsiText::HashIgnoreCase()("name"));
+    ::setenv("HASH_OF_FIRST_RUN", hash.c_str(), 0);
+    EXPECT_EXIT(std::_Exit(hash == ::getenv("HASH_OF_FIRST_RUN")), testing::ExitedWithCode(0), "") << "the same hash";
 }
 
 }  // namespace
