@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <filesystem>
 #include <fstream>
@@ -29,6 +30,22 @@ class CTestFolder {
 
   private:
     std::string path_;
+};
+
+/// While it lives no file of the test grows beyond 1000 bytes. As a full disk does, it lets the beginning through.
+class CFullDisk {
+  public:
+    CFullDisk() {
+        ::getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit small{1000, former_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    CFullDisk(const CFullDisk&) = delete;
+    CFullDisk& operator=(const CFullDisk&) = delete;
+    ~CFullDisk() { ::setrlimit(RLIMIT_FSIZE, &former_); }
+
+  private:
+    rlimit former_{};
 };
 
 inline std::string ReadBytes(const std::string& path) {

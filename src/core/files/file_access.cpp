@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <random>
@@ -29,7 +30,9 @@ class CDescriptor {
     int Number() const { return number_; }
     bool IsOpen() const { return number_ != kClosed; }
     /// Closing is part of what may fail, so writers do it by hand.
-    bool Close() { return ::close(std::exchange(number_, kClosed)) == 0; }
+    bool Close() { return ::close(Release()) == 0; }
+    /// Leaves the closing to somebody else.
+    int Release() { return std::exchange(number_, kClosed); }
 
   private:
     static constexpr int kClosed = -1;
@@ -42,23 +45,12 @@ std::string FolderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-[[noreturn]] void RaiseFor(int error, const std::string& path) {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR:
-        case ENAMETOOLONG:
-            throw CRuntimeError(KindOf(FolderOf(path)) == 1 ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            throw CRuntimeError(ErrorNumber::DiskFull);
-        case EIO:
-            throw CRuntimeError(ErrorNumber::DeviceError);
-        case ENOMEM:
-            throw CRuntimeError(ErrorNumber::OutOfMemory);
-        default:
-            throw CRuntimeError(ErrorNumber::PathFileAccess);
-    }
+// Opens a file for writing. Where the user may only write files of a certain size, the platform sends a signal that
+// ends the program, unless somebody catches it; then the write fails as on a full disk. A handler, unlike a signal that
+// is ignored, isn't handed down to the programs that this one starts.
+int OpenForWriting(const std::string& path, int flags, mode_t mode) {
+    [[maybe_unused]] static const auto former = std::signal(SIGXFSZ, [](int) {});
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | flags, mode);
 }
 
 // Follows links by hand, since the file at their end may not exist yet.
@@ -113,7 +105,7 @@ class CNeighbour {
         return path;
     }
     static int OpenNew(const std::string& path, mode_t mode) {
-        const int number = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        const int number = OpenForWriting(path, O_EXCL, mode);
         if (number < 0) RaiseFor(errno, path);
         return number;
     }
@@ -127,11 +119,12 @@ class CNeighbour {
 
 std::string ReadWholeFile(const std::string& path) {
     if (path.find('\0') != std::string::npos) throw CRuntimeError(ErrorNumber::FileNotFound);
-    // Not blocking: a pipe that bears the name must not hold the program.
-    CDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    if (!file.IsOpen()) RaiseFor(errno, path);
     struct stat info {};
-    if (::fstat(file.Number(), &info) != 0) RaiseFor(errno, path);
+    if (::stat(path.c_str(), &info) != 0) RaiseFor(errno, path);
+    if (!S_ISREG(info.st_mode)) throw CRuntimeError(ErrorNumber::PathFileAccess);
+    // Not blocking, and looked at again: the name may have gone to another file.
+    CDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.IsOpen() || ::fstat(file.Number(), &info) != 0) RaiseFor(errno, path);
     if (!S_ISREG(info.st_mode)) throw CRuntimeError(ErrorNumber::PathFileAccess);
     if (static_cast<std::uint64_t>(info.st_size) > kMaxFileSize) throw CRuntimeError(ErrorNumber::OutOfMemory);
 
@@ -182,6 +175,44 @@ void ReplaceFile(const std::string& path, std::string_view content) {
     // The new name must survive a power cut too. A folder that can't be flushed is no failure: the file is whole.
     const CDescriptor folderFile(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folderFile.IsOpen()) ::fsync(folderFile.Number());
+}
+
+CFilePtr OpenEmpty(const std::string& path) {
+    constexpr mode_t kMode = 0666;
+    struct stat former {};
+    const bool exists = ::lstat(path.c_str(), &former) == 0;
+    const bool link = exists && (S_ISLNK(former.st_mode) || (S_ISREG(former.st_mode) && former.st_nlink > 1));
+    if (path.empty() || (exists && !link && !S_ISREG(former.st_mode))) throw CRuntimeError(ErrorNumber::PathFileAccess);
+    if (link && ::unlink(path.c_str()) != 0) RaiseFor(errno, path);
+
+    CDescriptor file(OpenForWriting(path, 0, kMode));
+    struct stat info {};
+    if (!file.IsOpen() || ::fstat(file.Number(), &info) != 0) RaiseFor(errno, path);
+    if (!S_ISREG(info.st_mode) || info.st_nlink > 1) throw CRuntimeError(ErrorNumber::PathFileAccess);
+    if (::ftruncate(file.Number(), 0) != 0) RaiseFor(errno, path);
+    CFilePtr stream(::fdopen(file.Number(), "wb"));
+    if (!stream) RaiseFor(errno, path);
+    file.Release();
+    return stream;
+}
+
+[[noreturn]] void RaiseFor(int error, const std::string& path) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+        case ENAMETOOLONG:
+            throw CRuntimeError(KindOf(FolderOf(path)) == 1 ? ErrorNumber::FileNotFound : ErrorNumber::PathNotFound);
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            throw CRuntimeError(ErrorNumber::DiskFull);
+        case EIO:
+            throw CRuntimeError(ErrorNumber::DeviceError);
+        case ENOMEM:
+            throw CRuntimeError(ErrorNumber::OutOfMemory);
+        default:
+            throw CRuntimeError(ErrorNumber::PathFileAccess);
+    }
 }
 
 void CopyFile(const std::string& from, const std::string& to) {

@@ -2,11 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 
 /// The one door to the disk. Paths are the platform's own bytes. Failures are run-time errors: 53 no such file, 76 no
-/// such folder, 75 no permission or not a regular file, 61 disk full, 57 device error.
+/// such folder, 75 no permission or not a regular file, 61 disk full or a file larger than its user may have, 57 device
+/// error. What isn't a regular file is never opened: a pipe would hold the program, a device may act.
 namespace MFileAccess {
 
 /// Larger files are refused (error 7): no document comes near this, and a hostile one must not fill the memory.
@@ -19,6 +22,19 @@ std::string ReadWholeFile(const std::string& path);
 /// renamed over it. A link is followed, and an existing file keeps its mode and owner. A target whose mode forbids
 /// writing is refused, also to root.
 void ReplaceFile(const std::string& path, std::string_view content);
+
+/// A file that is written piece by piece. Close it by hand where a failure must be told.
+struct SCloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using CFilePtr = std::unique_ptr<std::FILE, SCloseFile>;
+
+/// Opens a file of the program's own, one that it can do without, for writing; what it held is gone. Only the file of
+/// this very name is written to: a link in its place, symbolic or hard, gives way to a new file.
+CFilePtr OpenEmpty(const std::string& path);
+
+/// Raises the run-time error for an `errno` that an operation on the file left.
+[[noreturn]] void RaiseFor(int error, const std::string& path);
 
 /// Copies a file's bytes by way of ReplaceFile. A file isn't copied onto itself: that is error 75.
 void CopyFile(const std::string& from, const std::string& to);

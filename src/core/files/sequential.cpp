@@ -80,23 +80,14 @@ namespace MTextOutput {
 
 namespace {
 
-struct SCloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+struct SOutput {
+    std::string path;
+    MFileAccess::CFilePtr file;
 };
-using CFilePtr = std::unique_ptr<std::FILE, SCloseFile>;
 
-std::map<std::int16_t, CFilePtr>& OpenFiles() {
-    static std::map<std::int16_t, CFilePtr> files;
+std::map<std::int16_t, SOutput>& OpenFiles() {
+    static std::map<std::int16_t, SOutput> files;
     return files;
-}
-
-[[noreturn]] void RaiseForWrite() {
-    throw CRuntimeError(errno == ENOSPC ? ErrorNumber::DiskFull : ErrorNumber::DeviceError);
-}
-
-ErrorNumber OpenError(const std::string& path) {
-    if (errno == ENOSPC) return ErrorNumber::DiskFull;
-    return errno == ENOENT && !path.empty() ? ErrorNumber::PathNotFound : ErrorNumber::PathFileAccess;
 }
 
 }  // namespace
@@ -108,27 +99,25 @@ std::int16_t Open(const std::string& path) {
     while (files.contains(number))
         ++number;
     if (number > kHighest) throw CRuntimeError(ErrorNumber::BadFileNumber);
-    CFilePtr file(std::fopen(path.c_str(), "wbe"));
-    if (!file) throw CRuntimeError(OpenError(path));
-    files.emplace(number, std::move(file));
+    files.emplace(number, SOutput{path, MFileAccess::OpenEmpty(path)});
     return number;
 }
 
 void Print(std::int16_t fileNumber, std::string_view text) {
     const auto found = OpenFiles().find(fileNumber);
     if (found == OpenFiles().end()) throw CRuntimeError(ErrorNumber::BadFileNumber);
-    std::FILE* file = found->second.get();
+    std::FILE* file = found->second.file.get();
     if (std::fwrite(text.data(), 1, text.size(), file) != text.size() || std::fwrite("\r\n", 1, 2, file) != 2) {
-        RaiseForWrite();
+        MFileAccess::RaiseFor(errno, found->second.path);
     }
 }
 
 void Close(std::int16_t fileNumber) {
     const auto found = OpenFiles().find(fileNumber);
     if (found == OpenFiles().end()) throw CRuntimeError(ErrorNumber::BadFileNumber);
-    CFilePtr file = std::move(found->second);
+    SOutput output = std::move(found->second);
     OpenFiles().erase(found);
-    if (std::fclose(file.release()) != 0) RaiseForWrite();
+    if (std::fclose(output.file.release()) != 0) MFileAccess::RaiseFor(errno, output.path);
 }
 
 void Abandon(std::int16_t fileNumber) noexcept {

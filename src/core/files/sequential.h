@@ -35,7 +35,7 @@ class CSequentialInput {
 /// Text files open for output, by number, as the pages and the rule tables are written. Numbers are 1 and up.
 namespace MTextOutput {
 
-/// Opens a file for writing, replacing what it held; errors as in MFileAccess, 52 for a number that isn't open.
+/// Opens a file for writing as MFileAccess::OpenEmpty does; errors as there, 52 for a number that isn't open.
 std::int16_t Open(const std::string& path);
 /// Writes the text and CR LF.
 void Print(std::int16_t fileNumber, std::string_view text);

@@ -1,8 +1,6 @@
 #include "core/files/profile.h"
 
-#include <signal.h>
 #include <sys/inotify.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -163,14 +161,7 @@ TEST_F(ProfileTest, RefusedSaveLeavesEverythingAsItWas) {
 
     tables_.SetDescr(std::string(5000, 'x'));
     Save("d", "former");
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{1000, limit.rlim_max};  // as a full disk does, it lets the beginning through
-    auto* former = ::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_FALSE(tables_.WriteInfo(folder_ / "d"));
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    ::signal(SIGXFSZ, former);
+    EXPECT_FALSE((CFullDisk(), tables_.WriteInfo(folder_ / "d")));
     EXPECT_EQ(MLastError::Number(), 61);
     EXPECT_EQ(ReadBytes(folder_ / "readonly") + ReadBytes(folder_ / "d"), "formerformer");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_.Path()), {}), 3);

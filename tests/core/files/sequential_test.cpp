@@ -1,5 +1,7 @@
 #include "core/files/sequential.h"
 
+#include <sys/stat.h>
+
 #include "core/files/file_format.h"
 #include "support/core_test.h"
 
@@ -34,10 +36,29 @@ TEST_F(SequentialTest, NumberFieldsAreTolerantButBounded) {
     EXPECT_FALSE(input.SkipToTag("#P"));
 }
 
+TEST_F(SequentialTest, OutputTakesThePlaceOfALinkAndLeavesWhatItLeadsTo) {
+    const std::string army = Save("army", "work");
+    std::filesystem::create_hard_link(army, folder_ / "hard");
+    std::filesystem::create_symlink(army, folder_ / "soft");
+    std::filesystem::create_symlink("none", folder_ / "loose");
+    for (const std::string name : {"hard", "soft", "loose", "soft"}) {
+        const std::int16_t number = MTextOutput::Open(folder_ / name);
+        MTextOutput::Print(number, "page");
+        MTextOutput::Close(number);
+        EXPECT_EQ(ReadBytes(folder_ / name), "page\r\n") << name;
+    }
+    EXPECT_EQ(ReadBytes(army), "work");
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "none"));
+}
+
 TEST_F(SequentialTest, FilesThatCannotBeOpenedTellWhy) {
-    for (const auto& [path, error] : {std::pair(folder_ / "none", 53), {folder_ / "none/x", 76}, {folder_.Path(), 75}})
+    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    for (const auto& [path, error] :
+         {std::pair(folder_ / "none", 53), {folder_ / "none/x", 76}, {folder_.Path(), 75}, {folder_ / "pipe", 75}}) {
         EXPECT_EQ(ErrorOf([&from = path] { (void)CSequentialInput{from}; }), error) << path;
-    EXPECT_EQ(ErrorOf([&] { MTextOutput::Open(folder_ / "none/x"); }), 76);
+        EXPECT_EQ(ErrorOf([&to = path] { MTextOutput::Close(MTextOutput::Open(to)); }), error == 53 ? 0 : error)
+            << path;
+    }
 }
 
 }  // namespace
