@@ -109,12 +109,12 @@ std::int16_t DecodeFile(const std::string& source, const std::string& target) {
 
     for (std::size_t at = 0; at < content.size();) {
         const std::size_t end = std::min(content.find('\r', at), content.size());
-        MTextOutput::Print(output->Number(), DecodeLine(std::string_view(content).substr(at, end - at)));
+        const std::string line = DecodeLine(std::string_view(content).substr(at, end - at));
+        if (!Trap([&] { return MTextOutput::Print(output->Number(), line), true; })) return 2;
         at = end + 1;
         if (at < content.size() && content[at] == '\n') ++at;
     }
-    MTextOutput::Close(output->Number());
-    return 0;
+    return Trap([&] { return MTextOutput::Close(output->Number()), true; }) ? 0 : 2;
 }
 
 }  // namespace MHideUtils

@@ -18,8 +18,8 @@ std::string EncodeLine(std::string_view line);
 /// A line without markers gives empty text. A character below code 32 is error 5.
 std::string DecodeLine(std::string_view line);
 
-/// 0 done, 1 source can't be opened, 2 target can't be opened, -1 other failure. A malformed line is a run-time error
-/// that reaches the caller, with both files closed.
+/// 0 done, 1 source can't be opened, 2 target can't be opened or written, -1 other failure. A malformed line is a
+/// run-time error that reaches the caller, with both files closed.
 std::int16_t DecodeFile(const std::string& source, const std::string& target);
 
 /// A code from 1 to 127 that is never the marker's.

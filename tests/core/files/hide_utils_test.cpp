@@ -33,6 +33,13 @@ TEST_F(HideUtilsTest, FilesAreDecodedLineByLine) {
     EXPECT_EQ(DecodeFile(folder_ / "none", folder_ / "t") + DecodeFile(folder_ / "v", folder_ / "none/t"), 1 + 2);
     Save("v", EncodeLine("one") + "\r\nab\tc\r\n");
     EXPECT_EQ(ErrorOf([&] { DecodeFile(folder_ / "v", folder_ / "t"); }), 5);
+    std::string text;
+    for (int i = 0; i < 200; ++i) {
+        text += EncodeLine(std::string(100, 'x')) + "\r\n";
+        if (i != 20 && i != 199) continue;  // fails when the file is closed, and before
+        Save("v", text);
+        EXPECT_EQ((CFullDisk(), DecodeFile(folder_ / "v", folder_ / "t")), 2) << i;
+    }
 }
 
 }  // namespace
