@@ -1,5 +1,6 @@
 #include <QIcon>
 #include <QPainter>
+#include <csignal>
 
 #include "controls/picture.h"
 #include "controls/qt_application.h"
@@ -25,6 +26,8 @@ QIcon ProgramIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // The toolkit warns on the standard error. Where whoever read that has gone, a warning would end the program.
+    std::signal(SIGPIPE, [](int) {});
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     CQtApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("VdTools2"));
