@@ -32,21 +32,17 @@ class CTestFolder {
     std::string path_;
 };
 
-/// While it lives no file of the test grows beyond 1000 bytes. As a full disk does, it lets the beginning through.
-class CFullDisk {
-  public:
-    CFullDisk() {
-        ::getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit small{1000, former_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    CFullDisk(const CFullDisk&) = delete;
-    CFullDisk& operator=(const CFullDisk&) = delete;
-    ~CFullDisk() { ::setrlimit(RLIMIT_FSIZE, &former_); }
-
-  private:
-    rlimit former_{};
-};
+/// Runs an operation while no file may grow beyond 1000 bytes: as a full disk does, that lets the beginning through.
+template <class TOperation>
+auto OnFullDisk(TOperation&& operation) {
+    rlimit former{};
+    ::getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit small{1000, former.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const auto result = operation();
+    ::setrlimit(RLIMIT_FSIZE, &former);
+    return result;
+}
 
 inline std::string ReadBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
