@@ -216,8 +216,7 @@ void CForm::Enter(const std::function<void()>& handler) {
 void CForm::ReportError(const CRuntimeError& error) {
     MLastError::Remember(error);
     try {
-        MPlatform::ShowCritical("Run-time error '" + std::to_string(error.Number()) + "':\r\n\r\n" +
-                                error.Description());
+        MPlatform::ShowCritical("Run-time error '" + std::to_string(error.Number()) + "':\r\n\r\n" + error.what());
     } catch (...) {
         qCritical("%s (%s)", error.what(), CurrentRuntimeError().what());
     }

@@ -20,7 +20,7 @@ struct FTest : CForm {
     void Form_Unload() override { Run("unload "); }
     void Run(const std::string& step) {
         log += step;
-        if (step == failing) throw CRuntimeError(ErrorNumber::Overflow);
+        if (step == failing) throw CRuntimeError(ErrorNumber::Overflow, "/file");
     }
     std::string Log() { return std::exchange(log, std::string()); }
 
@@ -32,7 +32,7 @@ struct FTest : CForm {
 class Form : public testing::Test {
   protected:
     void ExpectOverflow() {
-        platform.ExpectBox(BoxKind::Critical, BoxButtons::Ok, "Run-time error '6':\r\n\r\nOverflow");
+        platform.ExpectBox(BoxKind::Critical, BoxButtons::Ok, "Run-time error '6':\r\n\r\nOverflow\r\n/file");
     }
     CScriptedPlatform platform;
     FTest form;
@@ -83,7 +83,7 @@ TEST_F(Form, ErrorsAreBoxedOnceAndTheClosingGoesOn) {
 
 TEST_F(Form, LastErrorIsForgottenOnEntryAlone) {
     ExpectOverflow();
-    form.Handle([] { throw CRuntimeError(ErrorNumber::Overflow); });
+    form.Handle([] { throw CRuntimeError(ErrorNumber::Overflow, "/file"); });
     form.Handle([&] {
         EXPECT_EQ(MLastError::Number(), 0);
         MLastError::Remember(CRuntimeError(ErrorNumber::DiskFull));

@@ -57,6 +57,13 @@ std::optional<CRuntimeError>& LastError() {
 
 CRuntimeError::CRuntimeError(ErrorNumber number) : std::runtime_error(TextOf(number)), number_(number) {}
 
+CRuntimeError::CRuntimeError(ErrorNumber number, const std::string& file)
+    : std::runtime_error(TextOf(number) + ("\r\n" + file)), number_(number) {}
+
+std::string CRuntimeError::Description() const {
+    return TextOf(number_);
+}
+
 namespace MLastError {
 
 void Remember(const CRuntimeError& error) {

@@ -28,13 +28,15 @@ enum class ErrorNumber {
     InvalidPicture = 481,
 };
 
-/// The one class that carries a run-time error: a number and the text that belongs to it.
+/// The one class that carries a run-time error: a number and the text that belongs to it. `what` is that text and,
+/// where the number alone leaves a player at a loss, the path of the file behind it on a line of its own.
 class CRuntimeError : public std::runtime_error {
   public:
     explicit CRuntimeError(ErrorNumber number);
+    CRuntimeError(ErrorNumber number, const std::string& file);
 
     int Number() const { return static_cast<int>(number_); }
-    std::string Description() const { return what(); }
+    std::string Description() const;
 
   private:
     ErrorNumber number_;

@@ -17,6 +17,10 @@ CState& State() {
     return state;
 }
 
+std::string SuppTablesFile() {
+    return MPlatform::InApplicationFolder("SuppData.vdx");
+}
+
 namespace {
 
 template <class TObject>
@@ -71,7 +75,8 @@ void SetArmyRosterFile(const std::string& path) {
 }
 
 CSuppTables& SuppTables() {
-    return Required(State().suppTables);
+    if (!HasSuppTables()) throw CRuntimeError(ErrorNumber::ObjectNotSet, SuppTablesFile());
+    return *State().suppTables;
 }
 
 bool HasSuppTables() {

@@ -28,7 +28,7 @@ void SetArmyListFile(const std::string& path);
 const std::string& ArmyRosterFile();
 void SetArmyRosterFile(const std::string& path);
 
-/// Error 91 where the rule tables couldn't be loaded.
+/// Error 91, which names their file, where the rule tables couldn't be loaded.
 CSuppTables& SuppTables();
 bool HasSuppTables();
 CArmyTables& ArmyTables();

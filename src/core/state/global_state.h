@@ -28,4 +28,7 @@ struct CState {
 
 CState& State();
 
+/// Path of the scrambled rule tables.
+std::string SuppTablesFile();
+
 }  // namespace MGlobal

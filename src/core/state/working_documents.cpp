@@ -39,7 +39,7 @@ bool ReadSuppTables(const std::string& path) {
 
 void LoadSuppTables() {
     const CPlainCopy plain(MPlatform::InApplicationFolder("SuppData.tmp"));
-    const std::int16_t result = MHideUtils::DecodeFile(MPlatform::InApplicationFolder("SuppData.vdx"), plain.Path());
+    const std::int16_t result = MHideUtils::DecodeFile(SuppTablesFile(), plain.Path());
     if (result == 1) {
         MPlatform::ShowCritical("Cannot find support tables.");
     } else if (result == 2) {

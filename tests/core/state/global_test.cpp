@@ -82,6 +82,12 @@ TEST_F(GlobalTest, EachFailureToLoadHasItsMessage) {
     Expect(BoxKind::Warning, "Error while reading army roster.");
     Load("no tables", kRoster, Changed(kRoster, "COUNT=1", "COUNT=2"));
     EXPECT_EQ(MGlobal::ArmyRoster().ArmyUnits().Count(), 1);
+    try {
+        MGlobal::SuppTables();
+        ADD_FAILURE() << "there are no tables";
+    } catch (const CRuntimeError& error) {
+        EXPECT_EQ(error.what(), error.Description() + "\r\n" + folder_.Path() + "/SuppData.vdx");
+    }
 
     MGlobal::Reset();
     Scramble({"\"#VD_VER\",2,2", "0,0,0", "\"#CX\",0"});
