@@ -33,8 +33,8 @@ inline std::string FormatRealField(std::int32_t value) {
     return std::to_string(value);
 }
 
-/// The text as a document gives it back once it is stored: trimmed, without quotes around it, cut at 254 characters, on
-/// one line. That is done until it changes nothing more, so the result survives any number of savings and readings.
+/// The text as a document gives it back once it is stored: trimmed, without quotes around it, cut at 254 characters.
+/// That is done until it changes nothing more, so the result survives any number of savings and readings.
 /// Empty also for the one text that reads as missing, "*not_found*".
 std::string AsFileGivesBack(std::string_view text);
 

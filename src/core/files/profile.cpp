@@ -1,6 +1,5 @@
 #include "core/files/profile.h"
 
-#include "core/files/ansi_text.h"
 #include "core/files/platform.h"
 #include "core/files/runtime_error.h"
 
@@ -64,8 +63,7 @@ bool CProfile::ReadProfile(std::string_view section, std::string_view key, std::
 bool CProfile::WriteProfile(std::string_view section, std::string_view key, std::string_view value) {
     return Trap([&] {
         if (mode_ == Mode::Gathered) {
-            const bool onOneLine = value.find('\n') == value.npos && value.find('\r') == value.npos;
-            text_.Set(section, key, onOneLine ? value : std::string_view(MAnsiText::OneLine(value)));
+            text_.Set(section, key, value);
             return true;
         }
         // From the file, not from memory: what somebody else wrote since must stay. A file that can't be read is not

@@ -9,13 +9,13 @@
 /// Reads and writes one key of one section of an INI file at a time: the settings file, and each working document.
 ///
 /// A missing file reads as if it held no keys. A value has at most 254 characters when read; a stored "*not_found*"
-/// can't be told from a missing key. Names ignore case, values are 8-bit text and are stored raw, but for the line
-/// breaks of a document's values: they become blanks, since no text may turn into lines of its own there.
+/// can't be told from a missing key. Names ignore case, values are 8-bit text and are stored raw: no text of the
+/// model holds a line break.
 class CProfile {
   public:
     enum class Mode {
         KeyByKey,  ///< each write reaches the file, each read sees what others wrote
-        Gathered,  ///< the file is read once; writes stay in memory until Commit, each value on one line
+        Gathered,  ///< the file is read once; writes stay in memory until Commit
     };
 
     /// The application's settings file, key by key.

@@ -95,13 +95,9 @@ TEST(ProfileText, StaysInStepWithItsText) {
 
 TEST_F(ProfileTest, ForeseesWhatADocumentGivesBack) {
     const std::string x(253, 'x');
-    const std::pair<std::string, std::string> kCases[] = {{"\v a b\f\t", "a b"},
-                                                          {"\"'x'\"", "x"},
-                                                          {"' \"x ' ", "\"x"},
-                                                          {x + "yz", x + "y"},
-                                                          {x + " y", x},
-                                                          {"'*not_found*'", ""},
-                                                          {"a\r\n[X]\rb\n\nc\n", "a [X] b  c"}};
+    const std::pair<std::string, std::string> kCases[] = {{"\v a b\f\t", "a b"}, {"\"'x'\"", "x"},
+                                                          {"' \"x ' ", "\"x"},   {x + "yz", x + "y"},
+                                                          {x + " y", x},         {"'*not_found*'", ""}};
     for (const auto& [text, kept] : kCases) {
         EXPECT_EQ(MFileFormat::AsFileGivesBack(text), kept) << text;
         tables_.SetName(text);
