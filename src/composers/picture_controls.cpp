@@ -5,6 +5,7 @@
 #include "controls/ansi_qt.h"
 #include "core/files/ansi_text.h"
 #include "core/files/runtime_error.h"
+#include "core/state/global.h"
 #include "units/army_document.h"
 
 namespace {
@@ -49,7 +50,7 @@ void CPictureControls::Load(CArmyDocument& document) {
     dialog_.Flags = CFileDialog::FileMustExist | CFileDialog::OverwritePrompt;
     dialog_.Filter = "Image Files (*.jpg;*.gif;*.bmp))|*.jpg;*.gif;*.bmp|";
     dialog_.DefaultExt = "*.jpg";
-    dialog_.FileName = MAnsiText::ToUtf8(document.PictureFile());
+    dialog_.FileName = CPicture::DocumentPicturePath(document.PictureFile());
 }
 
 void CPictureControls::ShowItem() {
@@ -58,6 +59,10 @@ void CPictureControls::ShowItem() {
 
 void CPictureControls::cmdPictureFileSelect_Click() {
     Trap([this] {
+        // The dialog would look for a relative path in a folder of its own.
+        const std::string file = tedPictureFile.Text();
+        const std::string path = CPicture::DocumentPicturePath(file);
+        if (path != MAnsiText::ToUtf8(file) && MGlobal::FileExists(path) > 0) dialog_.FileName = path;
         if (!MPlatform::Current().ShowOpen(dialog_)) return false;
         tedPictureFile.SetText(ToAnsi(FromPath(dialog_.FileName)));
         return true;

@@ -42,9 +42,9 @@ PicturePtr CPicture::Load(const std::string& path) {
     return std::make_shared<const CPicture>(std::move(image));
 }
 
-PicturePtr CPicture::LoadDocumentPicture(std::string_view text) {
+std::string CPicture::DocumentPicturePath(std::string_view text) {
     const std::string path = MAnsiText::ToUtf8(text);
-    return Load(!path.empty() && path[0] != '/' ? MPlatform::InApplicationFolder(path) : path);
+    return !path.empty() && path[0] != '/' ? MPlatform::InApplicationFolder(path) : path;
 }
 
 PicturePtr CPicture::FromResource(const QString& name) {

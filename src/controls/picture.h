@@ -21,8 +21,10 @@ class CPicture {
     /// permission or no file at all, 481 not a picture that can be read. A very large picture is read at a bounded
     /// size.
     static PicturePtr Load(const std::string& path);
-    /// The picture that a document names by `text` in the code page, relative to the application folder.
-    static PicturePtr LoadDocumentPicture(std::string_view text);
+    /// The picture that a document names by `text` in the code page, and its full path. A relative one starts at the
+    /// application folder.
+    static PicturePtr LoadDocumentPicture(std::string_view text) { return Load(DocumentPicturePath(text)); }
+    static std::string DocumentPicturePath(std::string_view text);
     /// One of the program's own drawings, such as ":/gui_0.svg".
     static PicturePtr FromResource(const QString& name);
 

@@ -142,8 +142,16 @@ TEST_F(ArmyComposerTest, PictureIsLoadedAtEachChange) {
     const auto picture = [this] {
         return MGlobal::ArmyRoster().PictureFile() + (Control("imgPicture").isVisible() ? "!" : "");
     };
+    // A relative path is offered as the full one that it stands for: that of the document, and one that was typed.
+    MGlobal::ArmyRoster().SetPictureFile("fl\xE4g.png");
     OpenOn({});
-    platform_.ExpectOpen(folder_ / "fl\xC3\xA4g.png");
+    const auto offers = [this](const std::string& path) {
+        return [=, this](const CFileDialog& dialog) { EXPECT_EQ(dialog.FileName, folder_ / path); };
+    };
+    platform_.ExpectOpen("", offers("fl\xC3\xA4g.png"));
+    Do("cmdPictureFileClear cmdPictureFileSelect");
+    Control<QXTextEdit>("tedPictureFile").SetText("./fl\xE4g.png");
+    platform_.ExpectOpen(folder_ / "fl\xC3\xA4g.png", offers("./fl\xC3\xA4g.png"));
     Do("cmdPictureFileSelect");
     EXPECT_EQ(Text("tedPictureFile") + picture(), chosen + chosen + "!");
     Expect(BoxKind::Critical, "Error while loading image (481 : Invalid picture)");
