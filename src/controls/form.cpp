@@ -1,5 +1,6 @@
 #include "controls/form.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -11,6 +12,7 @@
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "controls/accessible.h"
 #include "controls/ansi_qt.h"
@@ -175,6 +177,8 @@ bool CForm::Unload() {
             return false;
         }
     };
+    const bool inert = std::exchange(inert_, false);  // the closing steps have their events and boxes as ever
+    waiting_.reset();
     bool proceed = true;
     if (!guarded([&] { proceed = QueryUnload(); })) {
         proceed = true;
@@ -183,18 +187,46 @@ bool CForm::Unload() {
     if (proceed) {
         guarded([&] { Form_Unload(); });
         loaded_ = false;
-        inert_ = false;
         hide();
     }
+    inert_ = inert && !proceed;
     unloading_ = false;
     return proceed;
 }
 
-bool CForm::WaitForClosing() {
+void CForm::SetCloseButton(QAbstractButton& button) {
+    closeButton_ = &button;
+    connect(&button, &QAbstractButton::clicked, this, &QWidget::close);
+}
+
+void CForm::WaitForClosing() {
+    // While handlers still run, so that what is being typed counts. No disabled field hands the keys on to another.
+    setFocus();
     inert_ = true;
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const std::vector<QWidget*> disabled = DisableAllButClosing(*this);
+    while (loaded_) {
+        if (!waiting_) waiting_ = std::make_unique<CBusyPointer>();
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
     inert_ = false;
-    return loaded_;
+    for (QWidget* widget : disabled)
+        widget->setEnabled(true);
+}
+
+// Gives what it has disabled itself; the rest was so, or is by what lies around it.
+std::vector<QWidget*> CForm::DisableAllButClosing(QWidget& around) {
+    std::vector<QWidget*> disabled;
+    for (QWidget* child : around.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (child == closeButton_ || child->isWindow() || !child->isEnabledTo(&around)) continue;
+        if (closeButton_ != nullptr && child->isAncestorOf(closeButton_)) {
+            const std::vector<QWidget*> inside = DisableAllButClosing(*child);
+            disabled.insert(disabled.end(), inside.begin(), inside.end());
+        } else {
+            child->setEnabled(false);
+            disabled.push_back(child);
+        }
+    }
+    return disabled;
 }
 
 void CForm::Handle(const std::function<void()>& handler) {

@@ -10,7 +10,9 @@
 #include "controls/colour.h"
 #include "core/files/runtime_error.h"
 
+class CBusyPointer;
 class IControl;
+class QAbstractButton;
 class QAction;
 class QEventLoop;
 class QMenu;
@@ -67,9 +69,12 @@ class CForm : public QDialog {
     /// been unloaded.
     void Later(std::function<void()> handler, int milliseconds = 0);
 
-    /// For a walk without an end: idles until events have come and takes them. Meanwhile the form is inert: no event
-    /// but its own closing gets into its handlers. False once the form has been closed.
-    bool WaitForClosing();
+    /// The button closes the form as its X does, also while the form waits for just that.
+    void SetCloseButton(QAbstractButton& button);
+    /// For a walk without an end: idles until the form has been closed by its close button, X or Escape; a refusal lets
+    /// it wait on. Meanwhile all else on the form is disabled, nothing else gets into its handlers, and the busy
+    /// pointer shows, but for the questions of the closing steps.
+    void WaitForClosing();
 
     /// The pointer is over `control`, or over the bare form or outside of it: nothing. Frames and labels are controls
     /// too.
@@ -118,12 +123,15 @@ class CForm : public QDialog {
     bool InHandler() const { return depth_ > 0 && !inert_; }
     void RouteMove(QWidget* widget, const QPointF& position);
     void ColourMenuBar();
+    std::vector<QWidget*> DisableAllButClosing(QWidget& around);
 
     std::vector<IControl*> controls_;
     std::string caption_;
     Colour backColor_ = 0xf0f0f0;
     QMenuBar* menuBar_ = nullptr;
+    QAbstractButton* closeButton_ = nullptr;
     QEventLoop* loop_ = nullptr;
+    std::unique_ptr<CBusyPointer> waiting_;
     int depth_ = 0;
     bool loaded_ = false;
     bool unloading_ = false;

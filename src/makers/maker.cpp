@@ -226,16 +226,15 @@ void FMaker::WalkPrev() {
     Walk(Previous);
 }
 
-// Has no end in a list whose records are all passed over: after each round in vain the window takes the events that
-// have come, so that it can be closed.
+// Has no end in a list whose records are all passed over: all that is left then is to close the form.
 void FMaker::Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count)) {
     StoreIfEdited();
     std::int32_t position = StoredPosition(MAnsiText::UpperCase(SourceName.empty() ? Item().Name() : SourceName));
     std::int32_t passed = 0;
     do {
         if (passed > StoredCount()) {
-            if (!WaitForClosing()) return;
-            passed = 0;
+            WaitForClosing();
+            return;
         }
         position = next(position, StoredCount());
         if (position < 1) return;

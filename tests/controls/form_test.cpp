@@ -58,8 +58,7 @@ TEST_F(Form, WindowsXAndEscapeRunTheClosingStepsUnlessRefusedOrAHandlerRuns) {
             form.Handle([&] { form.log += "handled "; });
             close();
         });
-        while (form.WaitForClosing()) {
-        }
+        form.WaitForClosing();
         EXPECT_EQ(form.Log(), "query unload ");
         EXPECT_FALSE(form.Visible());
     }

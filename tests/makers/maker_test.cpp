@@ -184,8 +184,9 @@ TEST_F(MakerFrameTest, AWalkWithoutAnEndLastsUntilTheFormIsClosed) {
     int tries = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        EXPECT_TRUE(platform_.Busy && !Control("tedName").isEnabled() && !Control(kNew).isEnabled()) << "looks alive";
         WarnWithCancel(kCannot, ++tries == 1 ? Cancel : Ok);
-        CloseWindow(*form_);
+        Do("cmdExit");
         EXPECT_EQ(form_->Visible(), tries == 1);  // a refusal lets it go on
     });
     timer.start(20);
@@ -193,6 +194,7 @@ TEST_F(MakerFrameTest, AWalkWithoutAnEndLastsUntilTheFormIsClosed) {
     Do("cmdNext");
     EXPECT_EQ(Text("tedName") + TakeMarks(), "Gamma2");
     EXPECT_EQ(tries, 2);
+    EXPECT_TRUE(!platform_.Busy && Control("tedName").isEnabled() && !Control(kSave).isEnabled()) << "not as before";
 }
 
 }  // namespace

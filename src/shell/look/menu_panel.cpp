@@ -21,7 +21,7 @@ CMenuPanel::CMenuPanel(CForm* form)
     frmMenu.SetPanel(true);
     frmMenu.setFixedWidth(kPictureSize.width());
     cmdExit.SetCaption("Close");
-    QObject::connect(&cmdExit, &QAbstractButton::clicked, form, &QWidget::close);
+    form->SetCloseButton(cmdExit);
 
     auto* column = MLayout::Column(&frmMenu);
     const auto addPicture = [column](CPictureBox& picture) {
