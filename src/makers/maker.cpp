@@ -1,7 +1,10 @@
 #include "makers/maker.h"
 
+#include <QScopedValueRollback>
+
 #include "controls/layout.h"
 #include "core/files/ansi_text.h"
+#include "core/files/file_format.h"
 #include "core/files/platform.h"
 #include "roster/viewers/army_roster.h"
 #include "shell/look/point_cost.h"
@@ -109,7 +112,7 @@ void FMaker::StoreIfEdited() {
 
 bool FMaker::OfferStoring(const char* notStored) {
     if (EditState != Edited) return true;
-    if (ValidateItem(false)) {
+    if (IsStorable(false)) {
         cmdAddToDb_Click();
         return true;
     }
@@ -122,10 +125,17 @@ std::string FMaker::Failure(std::string_view attempt, std::string_view name, std
            MAnsiText::ToUtf8(MGlobal::LastErrorText());
 }
 
+// An item is stored under the name that the file will give back: of two that are told apart by anything else, one would
+// be gone after the next start.
+bool FMaker::IsStorable(bool messages) {
+    Item().SetName(MFileFormat::AsFileGivesBack(Item().Name()));
+    return ValidateItem(messages);
+}
+
 void FMaker::cmdAddToDb_Click() {
     std::string newName;
     const bool done = Trap([&] {
-        if (!ValidateItem(true)) return true;
+        if (!IsStorable(true)) return true;
         newName = MAnsiText::UpperCase(Item().Name());
         Store(newName);
         return true;
@@ -162,6 +172,8 @@ void FMaker::Store(const std::string& newName) {
     if (!StoreCopy()) MPlatform::ShowWarning(Failure("add", Item().Name(), "to the list"));
     SourceName = Item().Name();
     EditState = ListChanged;
+    const QScopedValueRollback loading(Loading, true);
+    tedName.SetText(SourceName);
 }
 
 // The selection becomes the source whatever the answer was: after Cancel the item may be linked to another record.

@@ -118,6 +118,7 @@ class FMaker : public FEditForm {
     /// Offers an edited item for storing. One that can't be stored is thrown away: without a word where it has no name,
     /// else after a warning, whose Cancel gives false.
     bool OfferStoring(const char* notStored);
+    bool IsStorable(bool messages);
     void WalkNext();
     void WalkPrev();
     void Walk(std::int32_t (*next)(std::int32_t position, std::int32_t count));

@@ -12,6 +12,7 @@ using enum BoxAnswer;
 const std::string kBefore = "Alpha:a Beta:b ";
 const std::string kWillNot = "The current weapon data is not complete/valid, it WILL NOT be saved to the database.";
 const std::string kCannot = "The current weapon data is not complete/valid, it CANNOT be saved to the database.";
+const char* kNoName = "No weapon name specified. Specify a name for the weapon before adding it to the database.";
 const std::string kInvalidGamma = "tedName=Gamma chkAttackType(0) optAttackType(0)";  // flame without an area
 
 /// The frame, through the maker of weapons, over two weapons.
@@ -47,14 +48,17 @@ TEST_F(MakerFrameTest, AsksBeforeItStores) {
         {"Gamma", true, "R+", "Beta:b Gamma:a "}, {"Gamma", true, "R-A+", "Alpha:a Beta:b Gamma:a "},
         {"Gamma", true, "R-A-", kBefore},         {"Beta", true, "R+O+", "Beta:a "},
         {"Beta", true, "R+O-", kBefore},          {"Beta", true, "R-O+", "Alpha:a Beta:a "},
-        {"Beta", true, "R-O-", kBefore},
+        {"Beta", true, "R-O-", kBefore},          {"\"beta\"", false, "U+", "Alpha:a beta: "},
+        {"*not_found*", false, "", kBefore},  // as nameless as a file would make it
     };
     for (const auto& [typed, fromAlpha, questions, list] : kCases) {
         SCOPED_TRACE(typed + questions);
-        const std::string name = MAnsiText::UpperCase(typed);
+        const std::string stored = MFileFormat::AsFileGivesBack(typed);
+        const std::string name = MAnsiText::UpperCase(stored);
         Start();
         if (fromAlpha) TakeRow(0);
         Ask(questions, name, "ALPHA");
+        if (questions.empty()) Expect(BoxKind::Warning, kNoName);
         Do("tedName=" + typed + " " + kAddToDb);
         EXPECT_EQ(Rows(), list);
         if (list == kBefore) {  // still to be stored
@@ -62,6 +66,7 @@ TEST_F(MakerFrameTest, AsksBeforeItStores) {
         } else {  // it is a stored record's now
             Ask("U-", name);
             Do(kAddToDb);
+            EXPECT_EQ(Text("tedName"), stored);
         }
         ExpectClosing("2");
         EXPECT_EQ(Rows(), list);
