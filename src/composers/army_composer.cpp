@@ -113,7 +113,7 @@ void FArmyComposer::ListRosterUnits() {
 
 void FArmyComposer::ContentChanged(std::int16_t editState) {
     SetModified(true);
-    EditState = editState;
+    FArmyDocumentForm::ContentChanged(editState);
 }
 
 void FArmyComposer::Reloaded() {
@@ -136,9 +136,7 @@ void FArmyComposer::ShowPage(FArmyRoster& viewer) {
 }
 
 void FArmyComposer::cmdSaveChanges_Click() {
-    if (MPlatform::Ask("Save changes to file?") && !WorkItem->WriteInfo(MGlobal::ArmyRosterFile())) {
-        MPlatform::ShowWarning("Error while saving army roster.");
-    }
-    SetModified(false);
+    if (MPlatform::Ask("Save changes to file?")) SaveDocument("Error while saving army roster.");
+    SetModified(false);  // until the form closes, if the list still waits to be saved
     EditState = 0;
 }

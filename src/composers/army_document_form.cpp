@@ -56,6 +56,15 @@ void FArmyDocumentForm::SetItemDescr(const std::string& descr) {
     Document().SetDescr(descr);
 }
 
+bool FArmyDocumentForm::WriteDocument() const {
+    return Document().WriteInfo(DocumentFile());
+}
+
+void FArmyDocumentForm::ContentChanged(std::int16_t editState) {
+    NoteListChange();
+    EditState = editState;
+}
+
 void FArmyDocumentForm::cmdDeleteAll_Click() {
     if (!MPlatform::Ask(terms_.deleteQuestion)) return;
     Document().ArmyUnits().Clear();
@@ -64,11 +73,12 @@ void FArmyDocumentForm::cmdDeleteAll_Click() {
 }
 
 void FArmyDocumentForm::cmdUpdateCosts_Click() {
+    NoteListChange();
     try {
         MGlobal::WarnOfMissing(terms_.missingHeading, terms_.updateCosts());
     } catch (...) {
-        ContentChanged(2);  // what was renewed up to the error is there to be seen and saved
-        ShowItem();
+        ShowItem();  // what was renewed up to the error is there to be seen and saved
+        ContentChanged(2);
         throw;
     }
     ShowItem();
@@ -88,8 +98,10 @@ void FArmyDocumentForm::cmdReload_Click() {
         }
         if (MGlobal::FileExists(file) < 1) {
             MPlatform::ShowWarning("File \"" + MGlobal::ArmyRosterFile() + "\" does not exits.");
-        } else if (!Document().ReadInfo(file)) {
-            MPlatform::ShowWarning(terms_.readFailure);
+        } else {
+            // Also where the reading fails: the changes are gone, and what is left of the list is not worth a file.
+            NoteListInStep();
+            if (!Document().ReadInfo(file)) MPlatform::ShowWarning(terms_.readFailure);
         }
     }
     ShowItem();

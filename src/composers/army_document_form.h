@@ -37,8 +37,8 @@ class FArmyDocumentForm : public FEditForm {
     virtual void ShowItem() = 0;
     virtual void ShowPage(FArmyRoster& viewer) = 0;
     virtual void cmdSaveChanges_Click() = 0;
-    /// The content of the document has changed.
-    virtual void ContentChanged(std::int16_t editState) { EditState = editState; }
+    /// The list of the document has changed.
+    virtual void ContentChanged(std::int16_t editState);
     /// The document has been read again, or would have been.
     virtual void Reloaded() { EditState = 0; }
 
@@ -55,6 +55,7 @@ class FArmyDocumentForm : public FEditForm {
     enum Commands { DeleteAll, UpdateCosts, Reload, ViewList, Unused };
 
     const std::string& DocumentFile() const override { return terms_.file(); }
+    bool WriteDocument() const override;
     void SetItemName(const std::string& name) override;
     void SetItemDescr(const std::string& descr) override;
     void cmdDeleteAll_Click();

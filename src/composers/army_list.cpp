@@ -130,6 +130,7 @@ void FArmyList::cmdDeleteFromDb_Click() {
     const bool done = Trap([&] {
         if (MPlatform::Ask("Delete unit \"" + MAnsiText::ToUtf8(name) + "\" from Army List?")) {
             WorkItem->ArmyUnits().Remove(name);
+            NoteListChange();
             ListUnits();
         }
         EditState = 2;
@@ -146,6 +147,6 @@ void FArmyList::ShowPage(FArmyRoster& viewer) {
 }
 
 void FArmyList::cmdSaveChanges_Click() {
-    if (!WorkItem->WriteInfo(MGlobal::ArmyListFile())) MPlatform::ShowWarning("Error while saving army list.");
+    SaveDocument("Error while saving army list.");
     EditState = 0;
 }

@@ -223,11 +223,7 @@ void FMaker::cmdDelete_Click() {
 
 void FMaker::cmdSaveChanges_Click() {
     StoreIfEdited();
-    if (WriteDocument()) {
-        EditState = Unchanged;
-    } else {
-        MPlatform::ShowWarning(terms_.writeFailure);
-    }
+    if (SaveDocument(terms_.writeFailure)) EditState = Unchanged;
 }
 
 void FMaker::WalkNext() {

@@ -64,7 +64,6 @@ class FMaker : public FEditForm {
     virtual void cmdNew_Click() = 0;
     virtual void ShowList(FArmyRoster& viewer) = 0;
     virtual bool ShowSelector(FSelector& selector) = 0;
-    virtual bool WriteDocument() const = 0;
 
     // What a maker may vary.
 

@@ -64,13 +64,17 @@ class FMakerOf : public TBase {
     std::int32_t StoredCount() const final { return List().Count(); }
     bool IsStored(const std::string& key) const final { return List().Exists(key); }
     std::int32_t StoredPosition(const std::string& key) const final { return List().GetIndex(key); }
-    void RemoveStored(const std::string& key) final { List().Remove(key); }
+    void RemoveStored(const std::string& key) final {
+        List().Remove(key);
+        this->NoteListChange();
+    }
     bool StoreCopy() final {
         const auto wrapper = std::make_shared<typename Stored::Wrapper>();
         Stored::Make(*wrapper);
         TItem& copy = Stored::Content(*wrapper);
         copy.Clone(*WorkItem);
         const bool added = List().Add(wrapper) != 0;
+        this->NoteListChange();
         WorkItem->Clone(copy);
         return added;
     }

@@ -100,14 +100,14 @@ TEST_F(ArmyComposerTest, ReloadForgetsTheChangesWhateverItFinds) {
         "Are you sure you want to reload the Army Roster? All changes since the last save will be lost!";
     Save("broken", "[TOP]");
     const std::string gone = folder_ / "g\xC3\xA9";
-    const std::tuple<std::string, BoxAnswer, std::string, const char*> kReloads[] = {
-        {folder_ / "roster", BoxAnswer::Cancel, "", "Units in Army: 2 / 12 1"},
-        {folder_ / "roster", BoxAnswer::Ok, "", "Units in Army: 1 / 7 "},
-        {"", BoxAnswer::Ok, "No army roster file selected.", "Units in Army: 2 / 12 "},
-        {gone, BoxAnswer::Ok, "File \"" + gone + "\" does not exits.", "Units in Army: 2 / 12 "},
-        {folder_ / "broken", BoxAnswer::Ok, "Error while reading army roster.", "Units in Army: 0 / 0 "},
+    const std::tuple<std::string, BoxAnswer, std::string, const char*, const char*> kReloads[] = {
+        {folder_ / "roster", BoxAnswer::Cancel, "", "Units in Army: 2 / 12 1", "1"},
+        {folder_ / "roster", BoxAnswer::Ok, "", "Units in Army: 1 / 7 ", ""},
+        {"", BoxAnswer::Ok, "No army roster file selected.", "Units in Army: 2 / 12 ", "1"},
+        {gone, BoxAnswer::Ok, "File \"" + gone + "\" does not exits.", "Units in Army: 2 / 12 ", "1"},
+        {folder_ / "broken", BoxAnswer::Ok, "Error while reading army roster.", "Units in Army: 0 / 0 ", ""},
     };
-    for (const auto& [file, answer, box, totals] : kReloads) {
+    for (const auto& [file, answer, box, totals, marked] : kReloads) {
         OpenOn({"Cart"});
         Do("lstUnits##0");
         MGlobal::SetArmyRosterFile(file);
@@ -115,23 +115,31 @@ TEST_F(ArmyComposerTest, ReloadForgetsTheChangesWhateverItFinds) {
         if (!box.empty()) Expect(file.empty() ? BoxKind::Critical : BoxKind::Warning, box);
         Do("cmdMenu(2)");
         EXPECT_EQ(Totals() + " " + TakeMarks(), totals) << box;
-        ExpectClosing(answer == BoxAnswer::Cancel ? "1" : "");
+        ExpectClosing(marked);
     }
 }
 
-TEST_F(ArmyComposerTest, SaveForgetsTheChangesWhateverTheAnswer) {
-    const std::tuple<bool, const char*, bool> kCases[] = {
-        {true, "roster", true}, {false, "roster", false}, {true, "none/r", false}};
-    for (const auto& [yes, file, saved] : kCases) {
+TEST_F(ArmyComposerTest, SaveTakesTheMarkAwayAndClosingBringsBackWhatIsNotSaved) {
+    const std::tuple<bool, const char*, const char*, const char*> kCases[] = {
+        // the answer, the file, what was done to a roster that is marked already, and the mark in the end
+        {true, "roster", "lstUnits##1", ""},
+        {false, "roster", "lstUnits##1", "1"},
+        {true, "none/r", "lstUnits##1", "1"},
+        {false, "roster", "", ""},
+        {true, "none/r", "", "1"},
+    };
+    for (const auto& [yes, file, actions, marked] : kCases) {
         OpenOn({});
         const std::string before = ReadBytes(folder_ / "roster");
-        Do("lstUnits##1");
+        MGlobal::SetFileModified(MGlobal::ArmyRosterDocument, true);
+        Do(actions);
+        const bool saved = yes && file == std::string("roster");
         MGlobal::SetArmyRosterFile(folder_ / file);
         Question("Save changes to file?", yes);
         if (yes && !saved) Expect(BoxKind::Warning, "Error while saving army roster.");
         Do("cmdMenu(5)");
         EXPECT_EQ(TakeMarks(), "");
-        ExpectClosing("");
+        ExpectClosing(marked);
         EXPECT_EQ(ReadBytes(folder_ / "roster") != before, saved) << file;
     }
 }

@@ -78,6 +78,11 @@ TEST_F(ArmyListTest, SaveForgetsTheEditsWhetherItSucceedsOrNot) {
     Expect(BoxKind::Warning, "Error while saving army list.");
     Do("tedName=Lost cmdMenu(5)");
     ExpectClosing("");
+    Open<FArmyList>();
+    Question("Delete unit \"Archer\" from Army List?");
+    Expect(BoxKind::Warning, "Error while saving army list.");
+    Do("lstUnits#0 cmdDeleteFromDb cmdMenu(5)");
+    ExpectClosing("0");  // the list itself waits to be saved
     CArmyList saved;
     EXPECT_TRUE(saved.ReadInfo(folder_ / "list"));
     EXPECT_EQ(saved.Name(), "Kept");

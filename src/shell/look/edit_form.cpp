@@ -1,6 +1,7 @@
 #include "shell/look/edit_form.h"
 
 #include "controls/layout.h"
+#include "core/files/platform.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ void FEditForm::Form_Load() {
     Menu.ShowPictures(*GuiHandler);
     tedName.SetMaxLength(kNameLength);
     tedDescr.SetMaxLength(kDescrLength);
+    NoteListInStep();
 }
 
 void FEditForm::Form_Activate() {
@@ -37,9 +39,16 @@ void FEditForm::Form_Activate() {
 }
 
 bool FEditForm::QueryUnload() {
-    if (EditState != Unchanged) SetModified(true);
+    if (EditState != Unchanged || listUnsaved_) SetModified(true);
     EditState = Unchanged;
     return true;
+}
+
+bool FEditForm::SaveDocument(const char* failure) {
+    const bool saved = WriteDocument();
+    listUnsaved_ = !saved && (listUnsaved_ || MGlobal::IsFileModified(document_));
+    if (!saved) MPlatform::ShowWarning(failure);
+    return saved;
 }
 
 void FEditForm::tedName_Change() {

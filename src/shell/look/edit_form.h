@@ -12,7 +12,8 @@
 #include "shell/look/menu_panel.h"
 
 /// What makers and composers have in common: the menu panel, the name and the description of what they edit, and the
-/// working document that a change belongs to. A form that closes with a change in hand marks its document as modified.
+/// working document that a change belongs to. A form that closes with a change in hand marks its document as modified,
+/// and so does one whose list has changed since it opened or was last saved, whatever became of its edit state.
 class FEditForm : public CForm {
   public:
     FEditForm(const char* formName, const char* caption, MGlobal::Document document);
@@ -24,6 +25,7 @@ class FEditForm : public CForm {
 
     /// File of the document; empty for none yet.
     virtual const std::string& DocumentFile() const = 0;
+    virtual bool WriteDocument() const = 0;
     virtual void SetItemName(const std::string& name) = 0;
     virtual void SetItemDescr(const std::string& descr) = 0;
 
@@ -37,6 +39,13 @@ class FEditForm : public CForm {
     /// The menu panel at the left, and at its right what the form consists of.
     void LayOutBesideMenu(QLayout* content);
     void SetModified(bool modified) { MGlobal::SetFileModified(document_, modified); }
+    /// To be told of each change of the document's list, before or as soon as it is made.
+    void NoteListChange() { listUnsaved_ = true; }
+    /// List and file are the same again.
+    void NoteListInStep() { listUnsaved_ = false; }
+    /// False after a warning. What was unsaved then marks the document when the form closes, even if the mark goes
+    /// meanwhile.
+    bool SaveDocument(const char* failure);
     /// The user has changed something; what the form itself writes into its controls doesn't count.
     void MarkEdited() {
         if (!Loading) EditState = Edited;
@@ -57,4 +66,5 @@ class FEditForm : public CForm {
     void tedDescr_Change();
 
     MGlobal::Document document_;
+    bool listUnsaved_ = false;
 };
