@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "controls/colour.h"
+#include "controls/file_dialog.h"
 #include "controls/fonts.h"
 #include "controls/form.h"
 
@@ -55,6 +56,13 @@ class CLookStyle : public QProxyStyle {
                 return QProxyStyle::standardIcon(which, option, widget);
         }
     }
+
+    // Those that the toolkit's other dialogs open, too.
+    void polish(QWidget* widget) override {
+        QProxyStyle::polish(widget);
+        if (auto* dialog = qobject_cast<QFileDialog*>(widget)) dialog->setIconProvider(&fileKinds_);
+    }
+    using QProxyStyle::polish;
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
         if (metric == PM_ScrollBarExtent) return 13;
@@ -116,6 +124,9 @@ class CLookStyle : public QProxyStyle {
             QRectF(subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget)).adjusted(3, 2, -3, -2), 3, 3);
         painter->restore();
     }
+
+  private:
+    CFileKinds fileKinds_;
 };
 
 // The icons of the boxes, drawn so that they are sharp at every scale.

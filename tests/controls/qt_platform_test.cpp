@@ -1,8 +1,13 @@
 #include "controls/qt_platform.h"
 #include "controls/print_job.h"
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -10,6 +15,7 @@
 #include <QPrinter>
 #include <QTest>
 #include <QTimer>
+#include <array>
 #include <optional>
 
 #include "support/core_test.h"
@@ -51,26 +57,31 @@ TEST(QtPlatform, BoxesHaveTheirIconTheirButtonsAndTheirEscape) {
     }
 }
 
-TEST(QtPlatform, LongBoxKeepsItsButtonsOnTheScreenAndTheBusyPointerStandsBack) {
+TEST(QtPlatform, BoxOfALongTextOrWordStaysSmallAndTheBusyPointerStandsBack) {
     CQtPlatform platform;
     platform.SetBusyPointer(true);
-    std::string text;
+    std::string list;
     for (int i = 0; i < 3000; ++i)
-        text += "Item\r\n";
-    WhileUp<QMessageBox>([](QMessageBox& box) {
-        EXPECT_LT(box.height(), 600);
-        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        box.done(QMessageBox::No);
-    });
-    EXPECT_EQ(platform.ShowBox(BoxKind::Question, BoxButtons::YesNo, text), BoxAnswer::No);
-    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+        list += "Item\n";
+    for (const std::string& text : {list, std::string(254, 'W') + " already exists."}) {
+        WhileUp<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_LT(std::max(box.width(), box.height()), 600) << text.substr(0, 20);
+            EXPECT_EQ(box.text().toStdString(), text);
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+            box.done(QMessageBox::No);
+        });
+        EXPECT_EQ(platform.ShowBox(BoxKind::Question, BoxButtons::YesNo, text), BoxAnswer::No);
+        EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    }
     platform.SetBusyPointer(false);
 }
 
 class FileDialog : public CoreTest {
   protected:
     FileDialog() {
-        Save(there_, "");
+        for (const std::string& name :
+             {there_, std::string("best.v2l"), std::string("A.JPG"), std::string("plain"), std::string("best")})
+            Save(name, "content");
         dialog_.Filter = "Image Files (*.jpg;*.v2l))|*.jpg;*.V2L|";
         dialog_.DefaultExt = "*.v2l";
         dialog_.InitDir = folder_.Path();
@@ -97,6 +108,17 @@ TEST_F(FileDialog, ObjectsInPlainTextOrGivesTheWholePath) {
         {true, kPath | kFile | kAsk, "none/x", folder_ / "none", ""},
         {false, kFile, "new", folder_ / "new.v2l", ""},
         {false, kAsk, there_, "", folder_ / there_},
+        {false, 0, "my \"best.v2l\" army ", "", folder_ / "my \"best.v2l\" army .v2l"},
+        {false, 0, "~Orks\\ 1.5%20", "", folder_ / "~Orks\\ 1.5%20.v2l"},
+        {true, 0, "~/../a.jpg", "", QDir::homePath().toStdString() + "/../a.jpg"},
+        {true, 0, "b.JPG", "", folder_ / "b.JPG.v2l"},
+        {true, 0, "A.JPG", "", folder_ / "A.JPG"},  // it is there, and listed
+        {true, 0, "plain", "", folder_ / "plain.v2l"},
+        {false, 0, "plain", "", folder_ / "plain"},
+        {false, 0, "best", "", folder_ / "best.v2l"},
+        {true, 0, "none/", folder_ / "none", ""},
+        {true, 0, std::string(252, 'x'), std::string(252, 'x') + ".v2l", ""},
+        {true, 0, "", "", ""},
         {true, kFile | kAsk, there_, there_ + " already exists.", ""},  // answered by Return: No is the default
         {true, kAsk, there_, there_ + " already exists.", folder_ / there_},
         {true, kAsk, folder_.Path(), "", ""},  // a folder is entered
@@ -108,6 +130,8 @@ TEST_F(FileDialog, ObjectsInPlainTextOrGivesTheWholePath) {
         std::string told;
         Show(test.save, [&](QFileDialog& window, QLineEdit& name) {
             EXPECT_EQ(window.nameFilters(), QStringList{"Image Files (*.jpg *.V2L)"});
+            name.clearFocus();  // where the toolkit would complete the name on its own
+            name.setText("a");  // then the field tells of a change to nothing, too
             name.setText(QString::fromStdString(test.typed));
             if (!test.objection.empty()) {
                 WhileUp<QMessageBox>([&](QMessageBox& box) {
@@ -121,6 +145,22 @@ TEST_F(FileDialog, ObjectsInPlainTextOrGivesTheWholePath) {
         EXPECT_EQ(dialog_.FileName, test.result);
         EXPECT_EQ(told, test.objection);
     }
+}
+
+TEST_F(FileDialog, OpensNoFileToTellItsType) {
+    const int watch = inotify_init1(IN_NONBLOCK);
+    ASSERT_GE(inotify_add_watch(watch, (folder_ / there_).c_str(), IN_OPEN), 0);
+    Show(false, [](QFileDialog& window, QLineEdit& /*name*/) {
+        auto& view = *window.findChild<QAbstractItemView*>(QStringLiteral("treeView"));
+        const auto type = [&view](int row) {
+            return view.model()->index(row, 2, view.rootIndex()).data().toString().toStdString();
+        };
+        (void)QTest::qWaitFor([&] { return type(2) == "v2l File"; });
+        EXPECT_EQ(type(0) + type(1) + type(2), "v2l FileJPG Filev2l File");
+    });
+    std::array<char, 512> event{};
+    EXPECT_LT(read(watch, event.data(), event.size()), 0) << "opened " << there_;
+    close(watch);
 }
 
 TEST(QtPlatform, PrintsAfterTheDialogWasAcceptedAlone) {

@@ -21,7 +21,7 @@ struct CFileDialog {
 
     std::string DialogTitle;  ///< UTF-8; empty reads "Open" or "Save As"
     std::string Filter;       ///< pairs of display text and patterns, joined and closed by "|"; patterns joined by ";"
-    std::string DefaultExt;   ///< ".html" or "*.jpg": added to a saved name that has no extension
+    std::string DefaultExt;   ///< ".html" or "*.jpg": added to a name that ends in none of the filter's
     std::string InitDir;      ///< path of the first folder; a full path in FileName wins over it
     std::string FileName;     ///< path bytes: the name offered; after the dialog the last choice, kept on Cancel
     std::uint32_t Flags = 0;
