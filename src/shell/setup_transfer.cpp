@@ -1,6 +1,7 @@
 // The operations of the setup form that change a working document from another source.
 
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include "core/state/merge.h"
 #include "equipment/army_tables.h"
@@ -13,6 +14,8 @@ void FSetup::Import(const SGroup& group) {
     CFileDialog& targetDialog = this->*group.dialog;
     setEnabled(false);
     button->SetEnabled(false);
+    // The target may be new, also where a merge has left its dialog looking for a file that is there.
+    const QScopedValueRollback flags(targetDialog.Flags, targetDialog.Flags & ~CFileDialog::FileMustExist);
     const auto atTheEnd = qScopeGuard([&] {
         setEnabled(true);
         button->SetEnabled(true);

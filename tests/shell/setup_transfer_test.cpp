@@ -78,6 +78,11 @@ TEST_F(SetupTest, MergeRefusesTheFileByItsPathAloneAndAsksAtEachClash) {
     Click("cmdEqFileMerge");
     EXPECT_TRUE(Holds(kWorkingFiles[0], "NAME=Fresh") && Holds(kWorkingFiles[0], "NAME=Laser"));
     EXPECT_EQ(Modified(), "2");
+    platform_.ExpectOpen("/v1");
+    platform_.ExpectSave("", [](const CFileDialog& target) {
+        EXPECT_EQ(target.Flags, CFileDialog::OverwritePrompt) << "an import into a new file is refused after a merge";
+    });
+    Click("cmdImportEqFile");
 }
 
 TEST_F(SetupTest, UpdateOfCostsTellsWhatItLacksAndSavesOnlyWhenAsked) {
