@@ -23,6 +23,8 @@ class FConsole : public CForm {
     bool QueryUnload() override;
     void Form_Unload() override;
     void MouseMove(IControl* control) override;
+    /// Escape closes the forms, but it doesn't end the run.
+    void reject() override {}
 
   private:
     static constexpr int CommandCount = 9;

@@ -48,8 +48,7 @@ TEST_F(Console, OpensFormsAndFollowsTheSkinWhenTheyClose) {
 
 TEST_F(Console, AsksForEachModifiedDocumentAndClosesWhateverTheAnswer) {
     void (*const ways[])(CForm&) = {[](CForm& console) { Click(console, "cmdQuit"); },
-                                    [](CForm& console) { RunEntry(console, "mnuExit"); }, &CloseWindow,
-                                    [](CForm& console) { QTest::keyClick(&console, Qt::Key_Escape); }};
+                                    [](CForm& console) { RunEntry(console, "mnuExit"); }, &CloseWindow};
     for (const auto way : ways) {
         MGlobal::SetFileModified(MGlobal::EquipmentDocument, true);
         MGlobal::SetFileModified(MGlobal::ArmyListDocument, true);
@@ -60,6 +59,8 @@ TEST_F(Console, AsksForEachModifiedDocumentAndClosesWhateverTheAnswer) {
                             BoxAnswer::No);
         FConsole console;
         console.ShowNonModal();
+        QTest::keyClick(&console, Qt::Key_Escape);
+        EXPECT_TRUE(console.Visible()) << "closed by Escape";
         way(console);
         platform_.Verify();
         EXPECT_FALSE(console.Visible() || console.Loaded());
