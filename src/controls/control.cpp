@@ -23,9 +23,10 @@ void IControl::SetTabStop(bool on) {
 
 void IControl::SetToolTipText(std::string_view text) {
     toolTip_ = text;
-    // Escaped and marked, so that no text is taken for markup of its own.
-    const QString shown = ForDisplay(FromAnsi(text)).toHtmlEscaped();
-    Widget().setToolTip(text.empty() ? QString() : QStringLiteral("<qt>") + shown + QStringLiteral("</qt>"));
+    const QString shown = ForDisplay(FromAnsi(text));
+    // Escaped and marked, so that no text is taken for markup of its own. A screen reader would read the marks.
+    Widget().setToolTip(text.empty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped()));
+    Widget().setAccessibleDescription(shown);
 }
 
 void IControl::SetLabel(IControl& label) {

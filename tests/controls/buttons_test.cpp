@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+
 #include "controls/color_button.h"
 #include "controls/control_array.h"
 #include "support/form_driver.h"
@@ -26,6 +28,9 @@ TEST(Buttons, ClickTogglesHoldsOrLeavesTheValue) {
         MFormDriver::Click(form, name);
         EXPECT_EQ(button->Value(), afterTwo);
         EXPECT_EQ(clicks, 2);
+        button->SetToolTipText("1 < 2");
+        const QString description = QAccessible::queryAccessibleInterface(button)->text(QAccessible::Description);
+        EXPECT_EQ(description.toStdString(), "1 < 2");
         button->SetValue(!button->Value());
         button->SetEnabled(false);
         MFormDriver::Click(form, name);
