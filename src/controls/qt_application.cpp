@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "controls/colour.h"
+#include "controls/double_click.h"
 #include "controls/file_dialog.h"
 #include "controls/fonts.h"
 #include "controls/form.h"
@@ -201,6 +202,7 @@ int& Prepared(int& argc) {
 
 CQtApplication::CQtApplication(int& argc, char** argv) : QApplication(Prepared(argc), argv) {
     setQuitOnLastWindowClosed(false);
+    installEventFilter(std::make_unique<CDoubleClickGuard>(this).release());  // the application's, as its child
     ApplyLook();
 }
 

@@ -80,6 +80,39 @@ TEST_F(Form, ErrorsAreBoxedOnceAndTheClosingGoesOn) {
     EXPECT_FALSE(form.Visible());
 }
 
+TEST_F(Form, SecondPressOfADoubleClickIsLostWhereTheFirstOpenedAWindow) {
+    int pressed = 0;
+    form.cmdGo.OnClick([&] { child.ShowNonModal(); });
+    child.cmdGo.OnClick([&] { ++pressed; });
+    form.ShowNonModal();
+    int time = 100'000;
+    const auto click = [&time](CForm& on, const QPoint& place) {
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            qt_handleMouseEvent(on.windowHandle(), place, on.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, type,
+                                Qt::NoModifier, time);
+        }
+        QApplication::processEvents();
+    };
+    for (const auto& [later, place, presses] :
+         {std::tuple(100, QPoint(2, 2), 0), {100, QPoint(20, 20), 1}, {1000, QPoint(2, 2), 1}}) {
+        child.Hide();
+        pressed = 0;
+        time += 1000;
+        click(form, QPoint(2, 2));
+        time += later;
+        click(child, place);
+        EXPECT_EQ(pressed, presses) << later << " ms later at " << place.x();
+    }
+    form.cmdGo.OnClick([&] { ++pressed; });
+    time += 1000;
+    click(form, QPoint(2, 2));
+    click(form, QPoint(2, 2));
+    EXPECT_EQ(pressed, 3) << "in one window both count";
+    QTest::mouseDClick(&child.cmdGo, Qt::LeftButton);
+    QTest::mouseRelease(&child.cmdGo, Qt::LeftButton);
+    EXPECT_EQ(pressed, 4) << "one that has no first press at its place counts, too";
+}
+
 TEST_F(Form, LastErrorIsForgottenOnEntryAlone) {
     ExpectOverflow();
     form.Handle([] { throw CRuntimeError(ErrorNumber::Overflow, "/file"); });
