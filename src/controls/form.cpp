@@ -370,14 +370,12 @@ bool CForm::event(QEvent* event) {
     return QDialog::event(event);
 }
 
-// A disabled control lets the move through to what lies under it.
 void CForm::RouteMove(QWidget* widget, const QPointF& position) {
     if (!loaded_) return;
     QWidget* over = childAt(widget->mapTo(this, position.toPoint()));
     IControl* control = nullptr;
-    for (; over != nullptr && over != this && control == nullptr; over = over->parentWidget()) {
-        if (over->isEnabled()) control = dynamic_cast<IControl*>(over);
-    }
+    for (; over != nullptr && over != this && control == nullptr; over = over->parentWidget())
+        control = dynamic_cast<IControl*>(over);
     Handle([this, control] { MouseMove(control); });
 }
 

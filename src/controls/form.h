@@ -77,7 +77,7 @@ class CForm : public QDialog {
     void WaitForClosing();
 
     /// The pointer is over `control`, or over the bare form or outside of it: nothing. Frames and labels are controls
-    /// too.
+    /// too, and so is what is disabled.
     virtual void MouseMove(IControl* control);
 
     /// Fields take the caption of their label, else of their frame, as the name by which a screen reader tells them.

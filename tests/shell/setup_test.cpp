@@ -1,3 +1,6 @@
+#include <QApplication>
+#include <QTest>
+
 #include "shell/setup_test.h"
 
 namespace fs = std::filesystem;
@@ -71,7 +74,12 @@ TEST_F(SetupTest, SavesAllInOrderAndAsksForNamesThatLack) {
     EXPECT_TRUE(fs::exists(folder_ / "a.v2q"));
     EXPECT_EQ(Modified(), "01");
     EXPECT_TRUE(Find(*form_, "cmdEqFileSave")->isEnabled());
-    EXPECT_FALSE(Find(*form_, "cmdArmyRosterFileSave")->isEnabled()) << "it has no path";
+    auto& save = Get<QXColorButton>(*form_, "cmdArmyRosterFileSave");
+    EXPECT_FALSE(save.Enabled()) << "it has no path";
+    QTest::mouseMove(form_->windowHandle(), save.mapTo(form_.get(), save.rect().center()));
+    QApplication::processEvents();
+    EXPECT_EQ(Get<QXLabel>(*form_, "lblTip").Caption(), "Save data to file") << "disabled buttons have their tips too";
+    EXPECT_EQ(save.BorderStyle(), 0) << "highlighted while disabled";
 }
 
 TEST_F(SetupTest, PathGetsItsExtensionWhenItsFieldIsLeftAndLoadAllDoesNothing) {

@@ -225,7 +225,7 @@ void CVDGuiHandler::HighlightButton(IControl& control) {
 }
 
 void CVDGuiHandler::FollowPointer(IControl* control) {
-    if (dynamic_cast<QXColorButton*>(control) != nullptr) {
+    if (dynamic_cast<QXColorButton*>(control) != nullptr && control->Enabled()) {
         HighlightButton(*control);
     } else {
         UnhighlightButton();

@@ -31,9 +31,11 @@ class CVDGuiHandler {
 
     /// Draws the border of `control`, if it is a button, and takes it from all others.
     void HighlightButton(IControl& control);
-    /// What most forms do when the pointer moves: highlights the button under it, and no other where there is none.
+    /// What most forms do when the pointer moves: highlights the button under it, and none where there is no button
+    /// that could be pressed.
     void FollowPointer(IControl* control);
-    /// The same on a form with tips, where a button without one counts as bare form: shows the tip, or none.
+    /// The same on a form with tips, where a button without one counts as bare form: shows the tip, or none, also
+    /// that of a disabled one.
     void FollowPointer(IControl* control, const char* tip);
     /// Takes the border from one button, or without a control from all.
     void UnhighlightButton(IControl* control = nullptr);
