@@ -65,6 +65,12 @@ void CForm::SetBackColor(Colour colour) {
     update();
 }
 
+void CForm::SetForeColor(Colour colour) {
+    if (colour == foreColor_) return;
+    foreColor_ = colour;
+    if (menuBar_ != nullptr) ColourMenuBar();
+}
+
 IControl* CForm::FindControl(std::string_view name) const {
     const auto found = std::find_if(controls_.begin(), controls_.end(),
                                     [name](const IControl* control) { return control->Name() == name; });
@@ -293,24 +299,37 @@ QMenuBar& CForm::MenuBar() {
     return *menuBar_;
 }
 
-void CForm::ColourMenuBar() {
+// `raised` is how far an opened menu stands out from the form under it.
+QPalette CForm::MenuPalette(double raised) const {
     QPalette palette = QPalette();
     const QColor back = ToQColor(backColor_);
-    const QColor fore = ReadableOn(back, Mix(back, Contrast(back, Qt::black) > 7 ? Qt::black : Qt::white, 0.75), 7);
-    const auto colour = [&palette, &fore](const QColor& ground) {
-        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
-            palette.setColor(role, ground);
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-            palette.setColor(role, fore);
-            palette.setColor(QPalette::Disabled, role, Mix(fore, ground, 0.6));
-        }
-    };
-    colour(back);
-    menuBar_->setPalette(palette);
-    // An opened menu stands out from the form under it. The bar hands its own palette down, so this comes after.
-    colour(Mix(back, fore, 0.15));
+    const QColor fore = ReadableOn(back, ToQColor(foreColor_), 7);
+    const QColor ground = Mix(back, Contrast(back, Qt::black) > 7 ? Qt::black : Qt::white, raised);
+    palette.setColor(QPalette::Highlight, fore);
+    palette.setColor(QPalette::HighlightedText, ground);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        palette.setColor(role, ground);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, fore);
+        palette.setColor(QPalette::Disabled, role, Mix(fore, ground, 0.6));
+    }
+    return palette;
+}
+
+void CForm::ColourMenuBar() {
+    menuBar_->setPalette(MenuPalette(0));
+    // The bar hands its own palette down, so this comes after.
     for (QMenu* menu : menuBar_->findChildren<QMenu*>())
-        menu->setPalette(palette);
+        ColourMenu(*menu);
+}
+
+void CForm::ColourMenu(QMenu& menu) {
+    constexpr double kRaised = 0.15;
+    QWidget* owner = menu.parentWidget();
+    while (owner != nullptr && qobject_cast<QMenu*>(owner->window()) != nullptr)
+        owner = owner->window()->parentWidget();
+    const auto* form = owner != nullptr ? qobject_cast<const CForm*>(owner->window()) : nullptr;
+    if (form != nullptr) menu.setPalette(form->MenuPalette(kRaised));
 }
 
 QAction& CForm::AddMenuEntry(QMenu& menu, const char* name, std::string_view caption, std::function<void()> handler) {

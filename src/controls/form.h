@@ -37,6 +37,9 @@ class CForm : public QDialog {
     void SetCaption(std::string_view caption);
     Colour BackColor() const { return backColor_; }
     void SetBackColor(Colour colour);
+    /// Of the texts of its menus.
+    Colour ForeColor() const { return foreColor_; }
+    void SetForeColor(Colour colour);
 
     /// All controls of the form in the order in which they were made.
     const std::vector<IControl*>& Controls() const { return controls_; }
@@ -88,6 +91,9 @@ class CForm : public QDialog {
     /// A menu entry whose handler runs through `Handle`.
     QAction& AddMenuEntry(QMenu& menu, const char* name, std::string_view caption, std::function<void()> handler);
 
+    /// Gives a menu the colours of the form that it belongs to; one of no form is left alone.
+    static void ColourMenu(QMenu& menu);
+
     /// Shows the box of a run-time error that nobody handled.
     static void ReportError(const CRuntimeError& error);
 
@@ -122,12 +128,14 @@ class CForm : public QDialog {
     void Enter(const std::function<void()>& handler);
     bool InHandler() const { return depth_ > 0 && !inert_; }
     void RouteMove(QWidget* widget, const QPointF& position);
+    QPalette MenuPalette(double raised) const;
     void ColourMenuBar();
     std::vector<QWidget*> DisableAllButClosing(QWidget& around);
 
     std::vector<IControl*> controls_;
     std::string caption_;
     Colour backColor_ = 0xf0f0f0;
+    Colour foreColor_ = 0;
     QMenuBar* menuBar_ = nullptr;
     QAbstractButton* closeButton_ = nullptr;
     QEventLoop* loop_ = nullptr;

@@ -1,5 +1,6 @@
 #include "controls/qt_application.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -58,15 +59,42 @@ class CLookStyle : public QProxyStyle {
         }
     }
 
-    // Those that the toolkit's other dialogs open, too.
+    // What the toolkit makes on its own, too: context menus, and the file dialogs that its other dialogs open.
     void polish(QWidget* widget) override {
         QProxyStyle::polish(widget);
+        if (auto* menu = qobject_cast<QMenu*>(widget)) CForm::ColourMenu(*menu);
         if (auto* dialog = qobject_cast<QFileDialog*>(widget)) dialog->setIconProvider(&fileKinds_);
     }
     using QProxyStyle::polish;
 
+    // The toolkit's lines are darker than the menu, which can't be seen on a dark one.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (element == PE_PanelMenu) {
+            painter->fillRect(option->rect, option->palette.window());
+        } else if (element == PE_FrameMenu) {
+            painter->setPen(MenuLine(option->palette));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (element != CE_MenuItem || entry == nullptr || entry->menuItemType != QStyleOptionMenuItem::Separator) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        const QRect& rect = option->rect;
+        painter->fillRect(QRect(rect.left() + 8, rect.center().y(), rect.width() - 16, 1), MenuLine(option->palette));
+    }
+
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
         if (metric == PM_ScrollBarExtent) return 13;
+        if (metric == PM_MenuPanelWidth) return 1;
         return metric == PM_ScrollBarSliderMin ? 28 : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
@@ -127,6 +155,10 @@ class CLookStyle : public QProxyStyle {
     }
 
   private:
+    static QColor MenuLine(const QPalette& palette) {
+        return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.5);
+    }
+
     CFileKinds fileKinds_;
 };
 

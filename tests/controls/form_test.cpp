@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
+#include <memory>
 
 #include "controls/color_button.h"
 #include "support/form_driver.h"
@@ -111,6 +114,22 @@ TEST_F(Form, SecondPressOfADoubleClickIsLostWhereTheFirstOpenedAWindow) {
     QTest::mouseDClick(&child.cmdGo, Qt::LeftButton);
     QTest::mouseRelease(&child.cmdGo, Qt::LeftButton);
     EXPECT_EQ(pressed, 4) << "one that has no first press at its place counts, too";
+}
+
+TEST_F(Form, ContextMenuHasItsColoursAndVisibleLines) {
+    QLineEdit field(&form);
+    for (const auto& [back, fore] : {std::pair(0x000000u, 0xffb0b0u), {0xb3d1dbu, 0x000070u}}) {
+        form.SetBackColor(back);
+        form.SetForeColor(fore);
+        const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+        const QImage image = menu->grab().toImage();
+        const QColor ground = image.pixelColor(2, 2);
+        QAction* line = menu->actions().at(2);  // below Undo and Redo
+        EXPECT_EQ(menu->palette().color(QPalette::WindowText), ToQColor(fore));
+        EXPECT_LT(Contrast(ground, ToQColor(back)), 2) << "the ground is not the form's";
+        EXPECT_GT(Contrast(image.pixelColor(0, 9), ground), 2) << "no border";
+        EXPECT_GT(Contrast(image.pixelColor(menu->actionGeometry(line).center()), ground), 2) << "no separator";
+    }
 }
 
 TEST_F(Form, LastErrorIsForgottenOnEntryAlone) {

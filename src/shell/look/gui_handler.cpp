@@ -177,6 +177,7 @@ void CVDGuiHandler::SetSkinFantasy(CForm& form) {
 void CVDGuiHandler::Apply(CForm& form, const SSkin& skin) {
     highlightOff_ = 0;
     form.SetBackColor(skin.form);
+    form.SetForeColor(skin.label.fore);
     form_ = &form;
     for (IControl* control : form.Controls()) {
         if (auto* label = dynamic_cast<QXLabel*>(control)) {
