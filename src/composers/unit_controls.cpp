@@ -20,9 +20,8 @@ void OfferUnitFilters(QXChoiceList& list) {
 }
 
 void LayOutUnitInfo(QXFrame& frame, QXLabel& info) {
-    constexpr int kHeight = 150;
-    MLayout::TextInFrame(frame, info);
-    frame.setMinimumHeight(kHeight);
+    constexpr int kRoom = 118;
+    MLayout::TextInFrame(frame, info, kRoom);
 }
 
 void ViewUnit(CForm& owner, const CUnitList& units, std::string_view name) {

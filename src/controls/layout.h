@@ -22,8 +22,9 @@ QGridLayout* Grid(QWidget* parent = nullptr, int gap = Gap);
 
 /// A button and, at its right, the two that move a row up and down.
 QHBoxLayout* ButtonWithArrows(QXColorButton& button, QXColorButton& up, QXColorButton& down);
-/// A text that wraps and fills its frame.
-void TextInFrame(QXFrame& frame, QXLabel& text);
+/// A text that wraps and fills its frame, and can be scrolled where the window leaves it too little room. `room` pixels
+/// of height are asked for however short it is.
+void TextInFrame(QXFrame& frame, QXLabel& text, int room = 0);
 
 /// Margins of a form's outermost layout.
 template <class Layout>
