@@ -2,11 +2,13 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <algorithm>
 #include <memory>
 
 #include "controls/ansi_qt.h"
 #include "controls/choice_list.h"
 #include "controls/color_button.h"
+#include "controls/edit_list.h"
 #include "controls/frame.h"
 #include "controls/picture_box.h"
 
@@ -49,14 +51,37 @@ class CAccessibleButton : public QAccessibleWidget {
     QXColorButton* button_;
 };
 
-// The toolkit's own gives the chosen text for the name: it leaves naming to labels, which not every choice list has.
-class CAccessibleChoice : public QAccessibleWidget {
+// The toolkit's own gives the chosen text for the name: it leaves naming to labels, which not every choice list has. As
+// the platform's protocol passes on no value that isn't a number, the chosen entry is a text that can be read, too.
+class CAccessibleChoice : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
     explicit CAccessibleChoice(QXChoiceList* list) : QAccessibleWidget(list, QAccessible::ComboBox), list_(list) {}
     ~CAccessibleChoice() override = default;
 
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
     QString text(QAccessible::Text what) const override {
-        return what == QAccessible::Value ? ForDisplay(FromAnsi(list_->Text())) : QAccessibleWidget::text(what);
+        return what == QAccessible::Value ? Entry() : QAccessibleWidget::text(what);
+    }
+    QString text(int begin, int end) const override { return Entry().mid(begin, std::max(0, end - begin)); }
+    int characterCount() const override { return static_cast<int>(Entry().size()); }
+    // Nothing in it can be selected or pointed at.
+    int selectionCount() const override { return 0; }
+    void selection(int /*index*/, int* begin, int* end) const override { *begin = *end = 0; }
+    void addSelection(int /*begin*/, int /*end*/) override {}
+    void removeSelection(int /*index*/) override {}
+    void setSelection(int /*index*/, int /*begin*/, int /*end*/) override {}
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int /*position*/) override {}
+    QRect characterRect(int /*offset*/) const override { return rect(); }
+    int offsetAtPoint(const QPoint& /*point*/) const override { return -1; }
+    void scrollToSubstring(int /*begin*/, int /*end*/) override {}
+    QString attributes(int /*offset*/, int* begin, int* end) const override {
+        *begin = 0;
+        *end = characterCount();
+        return {};
     }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
@@ -91,6 +116,8 @@ class CAccessibleChoice : public QAccessibleWidget {
     }
 
   private:
+    QString Entry() const { return ForDisplay(FromAnsi(list_->Text())); }
+
     QXChoiceList* list_;
 };
 
@@ -98,6 +125,50 @@ class CAccessibleRole : public QAccessibleWidget {
   public:
     using QAccessibleWidget::QAccessibleWidget;
     ~CAccessibleRole() override = default;
+};
+
+// The toolkit's lists and trees have their cells for children and nothing else. What is edited in place stands beside
+// the list in its frame.
+class CAccessibleFrame : public QAccessibleWidget {
+  public:
+    explicit CAccessibleFrame(QXFrame* frame) : QAccessibleWidget(frame, QAccessible::Grouping), frame_(frame) {}
+    ~CAccessibleFrame() override = default;
+
+    int childCount() const override { return QAccessibleWidget::childCount() + (Editing() != nullptr ? 1 : 0); }
+    QAccessibleInterface* child(int index) const override {
+        QXEditList* list = index == QAccessibleWidget::childCount() ? Editing() : nullptr;
+        return list != nullptr ? QAccessible::queryAccessibleInterface(list->viewport())
+                               : QAccessibleWidget::child(index);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const QXEditList* list = child != nullptr ? Editing() : nullptr;
+        return list != nullptr && child->object() == list->viewport() ? QAccessibleWidget::childCount()
+                                                                      : QAccessibleWidget::indexOfChild(child);
+    }
+
+  private:
+    QXEditList* Editing() const {
+        for (auto* list : frame_->findChildren<QXEditList*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (list->Editing()) return list;
+        }
+        return nullptr;
+    }
+
+    QXFrame* frame_;
+};
+
+// Holds the open editor of a list.
+class CAccessibleEditing : public QAccessibleWidget {
+  public:
+    explicit CAccessibleEditing(QXEditList* list) : QAccessibleWidget(list->viewport()), list_(list) {}
+    ~CAccessibleEditing() override = default;
+
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(list_->parentWidget());
+    }
+
+  private:
+    QXEditList* list_;
 };
 
 // The caller takes what is made here.
@@ -109,11 +180,13 @@ QAccessibleInterface* Make(const QString& /*className*/, QObject* object) {
         return std::make_unique<CAccessibleChoice>(list).release();
     }
     if (auto* frame = qobject_cast<QXFrame*>(object)) {
-        return std::make_unique<CAccessibleRole>(frame, QAccessible::Grouping).release();
+        return std::make_unique<CAccessibleFrame>(frame).release();
     }
     if (auto* picture = qobject_cast<CPictureBox*>(object)) {
         return std::make_unique<CAccessibleRole>(picture, QAccessible::Graphic).release();
     }
+    auto* list = qobject_cast<QXEditList*>(object->parent());
+    if (list != nullptr && list->viewport() == object) return std::make_unique<CAccessibleEditing>(list).release();
     return nullptr;
 }
 

@@ -1,12 +1,14 @@
 #include "controls/choice_list.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QScreen>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "controls/ansi_qt.h"
 #include "controls/fonts.h"
@@ -43,8 +45,7 @@ QXChoiceList::QXChoiceList(CForm* form, const char* name, std::optional<int> ind
     if (layout != nullptr) layout->insertWidget(0, prompt_);
     LookChanged();
     connect(this, &QComboBox::activated, this, [this](int chosen) {
-        text_ = itemText(chosen);
-        update();
+        ShowText(itemText(chosen));
         RaiseByUser(change_);
     });
 }
@@ -60,8 +61,7 @@ void QXChoiceList::AddItem(std::string_view text) {
 void QXChoiceList::Clear() {
     const QSignalBlocker quiet(this);
     clear();
-    text_.clear();
-    update();
+    ShowText(QString());
 }
 
 std::string QXChoiceList::List(int index) const {
@@ -87,16 +87,26 @@ void QXChoiceList::SetText(std::string_view text) {
 
 void QXChoiceList::Write(int index, const QString& text) {
     const bool differs = text != text_;
-    text_ = text;
     {
         const QSignalBlocker quiet(this);
         setCurrentIndex(index);
     }
-    update();
+    ShowText(text);
     if (differs && change_) {
         const std::function<void()> change = change_;
         change();
     }
+}
+
+void QXChoiceList::ShowText(const QString& text) {
+    const QString before = std::exchange(text_, text);
+    update();
+    // Also while it is closed the list has its entry chosen, for those who read instead of look.
+    view()->selectionModel()->select(model()->index(currentIndex(), modelColumn()),
+                                     QItemSelectionModel::ClearAndSelect);
+    if (before == text_) return;
+    QAccessibleTextUpdateEvent told(this, 0, ForDisplay(before), ForDisplay(text_));
+    QAccessible::updateAccessibility(&told);
 }
 
 void QXChoiceList::showPopup() {

@@ -56,6 +56,7 @@ class QXChoiceList : public CControl<QComboBox> {
 
   private:
     void Write(int index, const QString& text);
+    void ShowText(const QString& text);
 
     std::function<void()> change_;
     std::string promptText_;

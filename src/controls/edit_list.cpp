@@ -5,6 +5,39 @@
 
 #include "controls/ansi_qt.h"
 
+namespace {
+
+// Letters look for a row; what can begin a number begins the editing.
+bool BeginsNumber(const QString& typed) {
+    return !typed.isEmpty() && QStringLiteral("0123456789+-.").contains(typed[0]);
+}
+
+}  // namespace
+
+/// A double click whose first click has opened the editor is one on the row.
+class QXEditList::CTagEditor : public QLineEdit {
+  public:
+    CTagEditor(QWidget* parent, QXEditList* list) : QLineEdit(parent), tags_(list) {}
+
+  protected:
+    // The first click leaves the text selected, so that a tag that is clicked once too often is still typed over.
+    void mousePressEvent(QMouseEvent* event) override {
+        if (std::exchange(pressed_, true)) QLineEdit::mousePressEvent(event);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        if (pressed_ || event->button() != Qt::LeftButton) {
+            QLineEdit::mouseDoubleClickEvent(event);
+            return;
+        }
+        tags_->closeEditor(this, QAbstractItemDelegate::RevertModelCache);
+        tags_->RaiseDoubleClick();
+    }
+
+  private:
+    QXEditList* tags_;
+    bool pressed_ = false;
+};
+
 /// Opens the editor over a tag and says when it has a new text.
 class QXEditList::CTagDelegate : public CRowDelegate {
   public:
@@ -13,7 +46,7 @@ class QXEditList::CTagDelegate : public CRowDelegate {
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                           const QModelIndex& /*index*/) const override {
-        auto editor = std::make_unique<QLineEdit>(parent);
+        auto editor = std::make_unique<CTagEditor>(parent, tags_);
         editor->setObjectName(QStringLiteral("tag"));
         editor->setAccessibleName(tags_->accessibleName());
         editor->setFrame(false);
@@ -57,8 +90,7 @@ QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) 
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed |
-                    QAbstractItemView::AnyKeyPressed);
+    setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     setColumnWidth(0, 64);
     const auto look = [this](const QModelIndex& at, bool selected) {
         if (!selected && at.column() == 0)
@@ -77,6 +109,8 @@ void QXEditList::AddItem(std::string_view tag, std::string_view text, int index)
     if (index < 0 || index > topLevelItemCount()) throw CRuntimeError(ErrorNumber::InvalidCall);
     auto row = std::make_unique<QTreeWidgetItem>(QStringList{FromAnsi(tag), FromAnsi(text)});
     row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren);
+    row->setToolTip(0, tagTip_);
+    row->setData(0, Qt::AccessibleDescriptionRole, tagTip_);
     insertTopLevelItem(index, row.release());  // the list's
 }
 
@@ -109,18 +143,62 @@ std::string QXEditList::Tag(int index) const {
     return row != nullptr ? ToAnsi(row->text(0)) : std::string();
 }
 
-bool QXEditList::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
-    if (locked_ || !index.isValid()) return false;
-    const QModelIndex tag = index.siblingAtColumn(0);
+void QXEditList::SetTag(int index, std::string_view tag) {
+    QTreeWidgetItem* row = topLevelItem(index);
+    if (row == nullptr) throw CRuntimeError(ErrorNumber::InvalidCall);
+    row->setText(0, FromAnsi(tag));
+}
+
+void QXEditList::SetTagToolTipText(std::string_view text) {
+    tagTip_ = FromAnsi(text);
+}
+
+// The editor is that of the selected row, whatever cell is asked for.
+bool QXEditList::edit(const QModelIndex& /*index*/, EditTrigger trigger, QEvent* event) {
+    const QModelIndex tag = model()->index(ListIndex(), 0);
+    if (locked_ || !tag.isValid() || Editing()) return false;
+    const bool committed = event != nullptr && event->type() == QEvent::InputMethod;
     if (trigger == QAbstractItemView::AnyKeyPressed) {
-        // Letters look for a row; what can begin a number begins the editing.
-        const QString typed =
-            event != nullptr && event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->text() : QString();
-        if (typed.isEmpty() || !QStringLiteral("0123456789+-.").contains(typed[0])) return false;
-    } else if (trigger == QAbstractItemView::SelectedClicked && index.column() != 0) {
+        QString typed;
+        if (committed) {
+            typed = static_cast<QInputMethodEvent*>(event)->commitString();
+        } else if (event != nullptr && event->type() == QEvent::KeyPress) {
+            typed = static_cast<QKeyEvent*>(event)->text();
+        }
+        if (!BeginsNumber(typed)) return false;
+    } else if (trigger != QAbstractItemView::EditKeyPressed) {
         return false;
     }
-    return QTreeWidget::edit(tag, trigger, event);
+    ShowRow(tag.row());
+    if (!QTreeWidget::edit(tag, trigger, event)) return false;
+    // Of what can begin the editing, the toolkit hands keys alone on to the editor.
+    auto* editor = findChild<QLineEdit*>(QStringLiteral("tag"));
+    if (committed && editor != nullptr) QCoreApplication::sendEvent(editor, event);
+    return true;
+}
+
+void QXEditList::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    tagPressed_ = cell.isValid() && cell == model()->index(ListIndex(), 0);
+    CListControl::mousePressEvent(event);
+}
+
+// A click on the selected row's tag opens its editor at once. The toolkit would first wait for a double click, and keys
+// that come meanwhile would go astray.
+void QXEditList::mouseReleaseEvent(QMouseEvent* event) {
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    const bool tagClicked = event->button() == Qt::LeftButton && std::exchange(tagPressed_, false) && cell.isValid() &&
+                            cell == model()->index(ListIndex(), 0);
+    CListControl::mouseReleaseEvent(event);
+    if (tagClicked) edit(currentIndex(), QAbstractItemView::EditKeyPressed, nullptr);
+}
+
+// Looks among the texts, wherever the last click was. What begins a number belongs to an editor.
+void QXEditList::keyboardSearch(const QString& search) {
+    if (BeginsNumber(search)) return;
+    const QModelIndex from = currentIndex().isValid() ? currentIndex() : model()->index(ListCount() - 1, 0);
+    selectionModel()->setCurrentIndex(from.siblingAtColumn(1), QItemSelectionModel::NoUpdate);
+    QTreeWidget::keyboardSearch(search);
 }
 
 void QXEditList::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint /*hint*/) {
@@ -144,5 +222,5 @@ QSize QXEditList::sizeHint() const {
 }
 
 QSize QXEditList::minimumSizeHint() const {
-    return QSize(140, 3 * kRowHeight);
+    return SmallestSize(140);
 }

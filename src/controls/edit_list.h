@@ -4,7 +4,8 @@
 
 #include "controls/list_control.h"
 
-/// Rows of two texts: a tag, which the user can edit in place, and the row's text.
+/// Rows of two texts: a tag, which the user can edit in place, and the row's text. A click on the selected row's tag,
+/// F2 or the first key of a number opens the editor.
 class QXEditList : public CListControl<QTreeWidget> {
     Q_OBJECT
   public:
@@ -20,6 +21,10 @@ class QXEditList : public CListControl<QTreeWidget> {
     /// Texts of a row; empty for an index outside.
     std::string List(int index) const;
     std::string Tag(int index) const;
+    /// Raises no edit.
+    void SetTag(int index, std::string_view tag);
+    /// The tip over the tags of the rows that are added from now on.
+    void SetTagToolTipText(std::string_view text);
 
     /// In pixels.
     int TagColumnWidth() const { return columnWidth(0); }
@@ -49,14 +54,20 @@ class QXEditList : public CListControl<QTreeWidget> {
   protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void keyboardSearch(const QString& search) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     class CTagDelegate;
+    class CTagEditor;
 
     std::function<void(int)> edit_;
     int edited_ = -1;
     int rowHeight_ = 0;
     bool locked_ = false;
+    bool tagPressed_ = false;
+    QString tagTip_;
     Colour tagBackColor_ = 0xffffff;
     Colour tagForeColor_ = 0;
 };

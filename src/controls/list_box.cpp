@@ -62,5 +62,5 @@ QSize CListBox::sizeHint() const {
 }
 
 QSize CListBox::minimumSizeHint() const {
-    return QSize(120, 3 * kRowHeight);
+    return SmallestSize(120);
 }

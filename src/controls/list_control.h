@@ -32,6 +32,9 @@ class CListControl : public CControl<Base> {
             row, row.isValid() ? kSelect : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear));
     }
 
+    /// Brings a row into sight; an index outside changes nothing.
+    void ShowRow(int index) { this->scrollTo(this->model()->index(index, 0)); }
+
     /// Whether the selected row has one above it, or below.
     bool CanMoveUp() const { return ListIndex() >= 1; }
     bool CanMoveDown() const { return ListIndex() >= 0 && ListIndex() < ListCount() - 1; }
@@ -52,12 +55,20 @@ class CListControl : public CControl<Base> {
 
     CListControl(CForm* form, const char* name, std::optional<int> index) : CControl<Base>(form, name, index) {
         this->setSelectionMode(QAbstractItemView::SingleSelection);
-        this->setFrameShape(QFrame::NoFrame);
+        this->setFrameStyle(QFrame::Box | QFrame::Plain);  // room for the border that tells the focus
+        this->setLineWidth(kBorderWidth);
         this->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         this->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
         this->setFocusPolicy(Qt::StrongFocus);
         this->setTabKeyNavigation(false);
         LookChanged();
+    }
+
+    /// At its smallest a list shows this many rows.
+    QSize SmallestSize(int width) const {
+        constexpr int kRows = 5;
+        const int row = this->itemDelegate()->sizeHint(QStyleOptionViewItem(), QModelIndex()).height();
+        return QSize(width, kRows * row + 2 * this->frameWidth());
     }
 
     /// Colours of a selected row, and of any other that has none of its own.
@@ -69,6 +80,8 @@ class CListControl : public CControl<Base> {
     void LookChanged() override {
         this->setFont(this->LookFont());
         this->setPalette(MPainting::FieldPalette(this->Back(), this->Fore(), ToQColor(this->Form().BackColor())));
+        this->updateGeometry();
+        this->update();
         this->viewport()->update();
     }
 
@@ -119,10 +132,10 @@ class CListControl : public CControl<Base> {
             mousePressEvent(event);
             return;
         }
-        Base::mouseDoubleClickEvent(event);  // takes back an editing that the first click has announced
         pressed_ = false;
-        this->RaiseByUser(doubleClick_);
+        RaiseDoubleClick();
     }
+    void RaiseDoubleClick() { this->RaiseByUser(doubleClick_); }
 
     // A list that gets lower keeps the selected row in sight.
     void resizeEvent(QResizeEvent* event) override {
@@ -138,10 +151,17 @@ class CListControl : public CControl<Base> {
             painter.fillRect(this->viewport()->rect(), this->palette().color(QPalette::Base));
         }
         Base::paintEvent(event);
+    }
+
+    // The border stands around the viewport, not in it: scrolling copies what is painted there.
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::Paint) return Base::event(event);
+        QPainter painter(this);
+        painter.fillRect(this->rect(), this->palette().color(QPalette::Base));
         if (this->hasFocus()) {
-            QPainter painter(this->viewport());
-            MPainting::DrawBorder(painter, this->viewport()->rect(), Mix(this->Fore(), this->Back(), 0.25), 1);
+            MPainting::DrawBorder(painter, this->rect(), Mix(this->Fore(), this->Back(), 0.25), kBorderWidth);
         }
+        return true;
     }
 
     void changeEvent(QEvent* event) override {
@@ -150,6 +170,7 @@ class CListControl : public CControl<Base> {
     }
 
   private:
+    static constexpr int kBorderWidth = 1;
     static constexpr QItemSelectionModel::SelectionFlags kSelect =
         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
 

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 
 #include "controls/choice_list.h"
@@ -109,11 +112,71 @@ TEST_F(Lists, NewTagIsToldAfterItsEditorHasClosedAndALockedListOpensNone) {
     EXPECT_FALSE(lstSquad.Editing());
 }
 
+TEST_F(Lists, ClickOnTheSelectedTagOrADigitEditsThatVeryRow) {
+    const auto click = [&](bool twice = false) {
+        const QPoint place = lstSquad.viewport()->mapTo(&form, QPoint(9, 9));
+        if (twice) {
+            QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, place);
+        } else {
+            QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, place);
+        }
+    };
+    const auto type = [&](const char* keys) {
+        for (; *keys != 0; ++keys)
+            QTest::keyClick(form.windowHandle(), *keys);
+    };
+    for (const int clicks : {1, 2, 3}) {  // with one alone the first digit opens the editor
+        lstSquad.SetListIndex(-1);
+        for (int i = 1; i <= clicks; ++i) {
+            click();
+            EXPECT_EQ(lstSquad.Editing(), i > 1) << "after click " << i;
+        }
+        type("15");
+        EXPECT_TRUE(lstSquad.Editing()) << clicks;
+        type("\r");
+        QApplication::processEvents();
+        EXPECT_EQ(lstSquad.Tag(0) + lstSquad.Tag(1) + lstSquad.Tag(2), "1511") << clicks;
+        lstSquad.SetTag(0, "1");
+    }
+    Events();
+    click(true);
+    EXPECT_EQ(Events() + (lstSquad.Editing() ? "editing" : ""), "c0 d ") << "a double click is one on the row";
+    lstSquad.SetLocked(true);
+    type("1");
+    EXPECT_EQ(lstSquad.ListIndex(), 0) << "no digit looks for a row";
+    type("s");
+    EXPECT_EQ(lstSquad.ListIndex(), 2) << "letters look among the texts, also after a click on a tag";
+}
+
+TEST_F(Lists, ScrollingCopiesNothingOfTheBorderThatTellsTheFocus) {
+    for (int i = 0; i < 40; ++i) {
+        lstUnits.AddItem("Drone");
+        lstSquad.AddItem("1", "Drone");
+    }
+    const auto onScreen = [&] {
+        QApplication::processEvents();
+        return form.screen()->grabWindow(form.winId()).toImage();
+    };
+    for (QAbstractItemView* list :
+         {static_cast<QAbstractItemView*>(&lstUnits), static_cast<QAbstractItemView*>(&lstSquad)}) {
+        const QImage without = onScreen();
+        list->setFocus(Qt::TabFocusReason);
+        EXPECT_NE(onScreen(), without) << "the focus can be seen";
+        list->verticalScrollBar()->setValue(37);
+        const QImage scrolled = onScreen();
+        list->update();
+        list->viewport()->update();
+        EXPECT_EQ(scrolled, onScreen()) << list->objectName().toStdString();
+    }
+}
+
 TEST_F(Lists, ChoiceListTellsEachPickAndOfCodeWhatDiffersAlone) {
     EXPECT_EQ(cmbType.ListIndex(), -1) << "filling chooses nothing";
     for (const auto& [written, told] : {std::pair("marksMAN", "Marksman1 "), {"Marksman", ""}, {"Drake", "Drake-1 "}}) {
         cmbType.SetText(written);
         EXPECT_EQ(Events(), told) << written;
+        const auto* read = QAccessible::queryAccessibleInterface(&cmbType)->textInterface();
+        EXPECT_EQ(read->text(0, read->characterCount()).toStdString(), cmbType.Text());
     }
     cmbType.SetListIndex(0);
     EXPECT_EQ(Events(), "Bombardier0 ");
