@@ -124,11 +124,13 @@ void FArmyComposer::Reloaded() {
 void FArmyComposer::cmbUnitType_Change() {
     UnitFilter = cmbUnitType.ListIndex();
     ListSourceUnits();
+    Picker.lstUnits.scrollToTop();
 }
 
 void FArmyComposer::cmbArmyUnitType_Change() {
     RosterFilter = cmbArmyUnitType.ListIndex();
     ListRosterUnits();
+    Picker.lstTarget.scrollToTop();
 }
 
 void FArmyComposer::ShowPage(FArmyRoster& viewer) {

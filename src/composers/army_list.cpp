@@ -113,6 +113,7 @@ void FArmyList::optFilter_Click(int index) {
     MQXBaseGUIControlsUtils::ClearControlGroup(*this, "optFilter", "optFilter", index);
     ListFilter = index;
     ListUnits();
+    lstUnits.scrollToTop();
 }
 
 void FArmyList::lstUnits_Click() {

@@ -28,6 +28,7 @@ FSquadComposer::FSquadComposer()
               .moved = [this] { EditState = Edited; },  // counts while the form loads, too
               .showItem = [this] { ShowItem(); }}) {
     Picker.frmTarget.SetCaption("Units in Squad");
+    Picker.lstTarget.SetTagToolTipText("Click a quantity to change it");
     OfferUnitFilters(optFilter, MUnitFilter::Infantry);
     optFilter.OnClick([this](int index) { optFilter_Click(index); });
     Picker.lstTarget.OnEdit([this](int row) { lstSquadUnits_Edit(row); });
@@ -76,8 +77,13 @@ void FSquadComposer::ShowItem() {
     Picker.frmTarget.SetCaption("Units in Squad: " + std::to_string(WorkItem->Count()));
 }
 
-void FSquadComposer::ShowWalked() {
+void FSquadComposer::ShowModified() {
     ShowItem();
+    Picker.lstTarget.scrollToTop();
+}
+
+void FSquadComposer::ShowWalked() {
+    ShowModified();
     RefreshSourceList();
 }
 
@@ -96,13 +102,20 @@ void FSquadComposer::optFilter_Click(int index) {
     MQXBaseGUIControlsUtils::ClearControlGroup(*this, "optFilter", "optFilter", index);
     UnitFilter = index;
     RefreshSourceList();
+    Picker.lstUnits.scrollToTop();
 }
 
 void FSquadComposer::lstSquadUnits_Edit(int row) {
     const std::string typed = Picker.lstTarget.Tag(row);
     if (!MNumberText::IsNumeric(typed)) return;
-    const std::int32_t quantity = std::max(MNumberText::ToInt32(typed), 1);
-    WorkItem->Item(row + 1).SetQuantity(MNumberText::RoundToInt16(quantity));
+    CGenUnit& member = WorkItem->Item(row + 1);
+    try {
+        member.SetQuantity(MNumberText::RoundToInt16(std::max(MNumberText::ToInt32(typed), 1)));
+    } catch (const CRuntimeError&) {
+        Picker.lstTarget.SetTag(row, std::to_string(member.Quantity()));  // the one that stays in force
+        throw;
+    }
     EditState = Edited;
     ShowItem();
+    Picker.SelectTarget(row);
 }

@@ -18,6 +18,7 @@ class FSquadComposer : public FMakerOf<CMultUnit, FUnitListMaker> {
     bool QueryUnload() override;
     bool ValidateItem(bool messages) override;
     void ShowItem() override;
+    void ShowModified() override;
     void ShowWalked() override;
     void cmdNew_Click() override;
     CUnitList& List() const override { return ArmyUnits(); }

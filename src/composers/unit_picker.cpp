@@ -43,7 +43,8 @@ CUnitPickerBase::CUnitPickerBase(CForm* form, SUnitPicking picking)
     cmdShowSelUnit.OnClick([this] { cmdShowSelUnit_Click(); });
 }
 
-QGridLayout* CUnitPickerBase::LayOut(QWidget& target) {
+QGridLayout* CUnitPickerBase::LayOut(QAbstractItemView& target) {
+    target_ = &target;
     auto* sourceButtons = MLayout::Row();
     sourceButtons->addWidget(&cmdAddUnit, 1);
     sourceButtons->addWidget(&cmdShowSelUnit, 1);
@@ -99,8 +100,11 @@ void CUnitPickerBase::lstUnits_Click() {
 }
 
 void CUnitPickerBase::cmdAddUnit_Click() {
+    const int shown = target_->model()->rowCount();
     if (lstUnits.ListIndex() >= 0) picking_.add(CopyUnit(picking_.source(), lstUnits.Text()));
     picking_.showItem();
+    // New entries go to the end; one that a filter hides changes nothing.
+    if (target_->model()->rowCount() > shown) target_->scrollToBottom();
 }
 
 void CUnitPickerBase::cmdShowSelUnit_Click() {

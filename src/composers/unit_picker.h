@@ -53,7 +53,7 @@ class CUnitPickerBase {
     CControlArray<QXLabel, SideCount> lblSpecialDescr;
 
   protected:
-    QGridLayout* LayOut(QWidget& target);
+    QGridLayout* LayOut(QAbstractItemView& target);
     virtual void UpdateUnitButtons() = 0;
     void Enable(bool targetSelected, bool canMoveUp, bool canMoveDown);
     void ShowTargetInfo(const std::string& name);
@@ -67,6 +67,7 @@ class CUnitPickerBase {
     void cmdShowSelUnit_Click();
 
     CForm* form_;
+    QAbstractItemView* target_ = nullptr;
     std::array<QBoxLayout*, SideCount> columns_{};
 };
 
@@ -91,6 +92,12 @@ class CUnitPicker : public CUnitPickerBase {
     void TargetFilled() {
         lblSpecialDescr[Target].SetCaption("");
         UpdateUnitButtons();
+    }
+
+    /// As a click on the row does.
+    void SelectTarget(int row) {
+        lstTarget.SetListIndex(row);
+        lstTarget_Click();
     }
 
     TTarget lstTarget;  ///< on the form under the name that the form gave

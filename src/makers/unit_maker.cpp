@@ -264,6 +264,7 @@ void FUnitMaker::FillAllowed(const CEqList& list) {
     for (const CEqItem& item : list) {
         if (MGlobal::SuppTables().IsEqAllowed(item, WorkItem->UnitClass())) lstEquipment.AddItem(item.Name());
     }
+    lstEquipment.scrollToTop();
 }
 
 std::string FUnitMaker::SourceFacts() const {
@@ -336,6 +337,7 @@ void FUnitMaker::lstUnitEquipment_Click() {
 
 // The list offers only what the class of the unit may carry; nothing else checks it.
 void FUnitMaker::cmdAddItem_Click() {
+    const int shown = lstUnitEquipment.ListCount();
     if (lstEquipment.ListIndex() >= 0) {
         const bool accessory = optFilter[Accessories].Value();
         const auto item = std::make_shared<CEqItem>();
@@ -349,6 +351,7 @@ void FUnitMaker::cmdAddItem_Click() {
         MarkEdited();
     }
     ShowItem();
+    if (lstUnitEquipment.ListCount() > shown) lstUnitEquipment.scrollToBottom();
 }
 
 void FUnitMaker::cmdRemoveItem_Click() {

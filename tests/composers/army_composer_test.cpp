@@ -1,6 +1,8 @@
 #include "composers/army_composer.h"
 
+#include <QApplication>
 #include <QImage>
+#include <QScrollBar>
 
 #include "composers/composer_test.h"
 #include "units/army_roster.h"
@@ -41,6 +43,32 @@ TEST_F(ArmyComposerTest, FiltersShowAndActOnTheWholeRosterAllTheSame) {
     EXPECT_EQ(Items("lstRosterUnits") + Roster(), "Drone Golem* Archer Cart Golem Drone Patrol ");
     Do("lstRosterUnits##0");  // removes the first entry of all
     EXPECT_EQ(Roster(), "Cart Golem Drone Patrol ");
+}
+
+TEST_F(ArmyComposerTest, ListsStartAtTheirTopAfterAFilterAndShowWhatIsAdded) {
+    OpenOn(std::vector<const char*>(60, "Archer"));
+    QScrollBar& bar = *Control<CListBox>("lstRosterUnits").verticalScrollBar();
+    Do("lstUnits##0");
+    EXPECT_EQ(bar.value(), bar.maximum()) << "the entry added stands at the end";
+    bar.setValue(100);
+    Do("lstRosterUnits#6 cmdRemoveUnit");
+    EXPECT_EQ(bar.value(), 100) << "the place is kept";
+    Do("cmbArmyUnitType=1");
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(ArmyComposerTest, AtItsSmallestItsListsShowFiveRowsAndItsTextsScroll) {
+    Units().Item("Archer").SetDescr("once upon a time there was an archer who lived in a wood and never missed a deer");
+    OpenOn({"Archer"});
+    Do("lstUnits#0");
+    form_->resize(form_->minimumSizeHint());
+    QApplication::processEvents();
+    for (const char* name : {"lstUnits", "lstRosterUnits"}) {
+        auto& list = Control<CListBox>(name);
+        EXPECT_GE(list.viewport()->height(), 5 * list.sizeHintForRow(0)) << name;
+    }
+    auto& text = Control("lblSpecialDescr(0)");
+    EXPECT_GE(text.height(), text.heightForWidth(text.width())) << "no line is lost";
 }
 
 TEST_F(ArmyComposerTest, RowsAreMovedAndRemoved) {

@@ -1,5 +1,6 @@
 #include "composers/squad_composer.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 
@@ -50,6 +51,9 @@ TEST_F(SquadComposerTest, ComposesASquadAndStoresACopy) {
     EXPECT_EQ(Squad(), "Wardens: 3 Archer 1 Cart = 22");
     EXPECT_EQ(Units().Item("WARDENS").EquippedPointCost(), 27);
     TypeQuantity(1, "2", false);
+    auto* editor = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+    for (QAccessibleInterface* at = editor; at->object() != form_.get(); at = at->parent())
+        EXPECT_EQ(at->parent()->child(at->parent()->indexOfChild(at)), at) << "a reader must find the open editor";
     Ask("U+", "WARDENS");
     MFormDriver::CloseWindow(*form_);  // takes the quantity that is still in its editor
     EXPECT_EQ(Units().Item("WARDENS").EquippedPointCost(), 29);
@@ -63,10 +67,12 @@ TEST_F(SquadComposerTest, QuantitiesAreEditedInPlace) {
     for (const auto& [typed, squad] : kTyped) {
         TypeQuantity(0, typed);
         EXPECT_EQ(Squad(), squad) << typed;
+        EXPECT_EQ(Control<QXEditList>("lstSquadUnits").ListIndex(), 0) << typed;
+        EXPECT_EQ(Label("lblSpecialDescr(1)").substr(0, 7), "Archer:") << typed;
     }
     Expect(BoxKind::Critical, "Run-time error '6':\r\n\r\nOverflow");
     TypeQuantity(0, "32768");
-    EXPECT_EQ(Text("tedPointCost"), "57");
+    EXPECT_EQ(Squad(), "Patrol: 10 Archer 1 Cart = 57") << "back to the quantity in force";
     Ask("U-", "PATROL");
     ExpectClosing("0");
 }
