@@ -58,9 +58,10 @@ TEST_F(ArmyComposerTest, ListsStartAtTheirTopAfterAFilterAndShowWhatIsAdded) {
 }
 
 TEST_F(ArmyComposerTest, AtItsSmallestItsListsShowFiveRowsAndItsTextsScroll) {
-    Units().Item("Archer").SetDescr("once upon a time there was an archer who lived in a wood and never missed a deer");
+    MGlobal::SetSkinId(2);  // whose letters are the larger ones
+    Units().Item("Archer").SetDescr(std::string(100, 'W'));
     OpenOn({"Archer"});
-    Do("lstUnits#0");
+    Do("lstUnits#0 lstRosterUnits#0");
     form_->resize(form_->minimumSizeHint());
     QApplication::processEvents();
     for (const char* name : {"lstUnits", "lstRosterUnits"}) {
