@@ -114,14 +114,7 @@ TEST_F(Lists, NewTagIsToldAfterItsEditorHasClosedAndALockedListOpensNone) {
 }
 
 TEST_F(Lists, ClickOnTheSelectedTagOrADigitEditsThatVeryRow) {
-    const auto click = [&](bool twice = false) {
-        const QPoint place = lstSquad.viewport()->mapTo(&form, QPoint(9, 9));
-        if (twice) {
-            QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, place);
-        } else {
-            QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, place);
-        }
-    };
+    const QPoint place = lstSquad.viewport()->mapTo(&form, QPoint(9, 9));
     const auto type = [&](const char* keys) {
         for (; *keys != 0; ++keys)
             QTest::keyClick(form.windowHandle(), *keys);
@@ -129,7 +122,7 @@ TEST_F(Lists, ClickOnTheSelectedTagOrADigitEditsThatVeryRow) {
     for (const int clicks : {1, 2, 3}) {  // with one alone the first digit opens the editor
         lstSquad.SetListIndex(-1);
         for (int i = 1; i <= clicks; ++i) {
-            click();
+            QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, place);
             EXPECT_EQ(lstSquad.Editing(), i > 1) << "after click " << i;
         }
         type("15");
@@ -140,7 +133,7 @@ TEST_F(Lists, ClickOnTheSelectedTagOrADigitEditsThatVeryRow) {
         lstSquad.SetTag(0, "1");
     }
     Events();
-    click(true);
+    QTest::mouseDClick(form.windowHandle(), Qt::LeftButton, {}, place);
     EXPECT_EQ(Events() + (lstSquad.Editing() ? "editing" : ""), "c0 d ") << "a double click is one on the row";
     lstSquad.SetLocked(true);
     type("1");
