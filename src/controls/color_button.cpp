@@ -79,20 +79,24 @@ QSize QXColorButton::minimumSizeHint() const {
     return sizeHint();
 }
 
-void QXColorButton::paintEvent(QPaintEvent* /*event*/) {
-    QColor ground = Back();
-    QColor text = Fore();
-    if (isChecked()) {
-        ground = ToQColor(selectedColor_);
-        text = ToQColor(selectedForeColor_);
-    }
-    if (isDown()) ground = Mix(ground, ToQColor(selectedColor_), 0.4);
+SInk QXColorButton::Face() const {
+    const QColor selected = ToQColor(selectedColor_);
     if (!isEnabled()) {
         const QColor disabled = ToQColor(disabledBackColor_);
-        ground = isChecked() ? Mix(disabled, ToQColor(selectedColor_), 0.45) : disabled;
-        text = ReadableOn(ground, Mix(Fore(), ground, 0.3), 4.0);
+        const QColor ground = isChecked() ? Mix(disabled, selected, 0.45) : disabled;
+        return {Mix(Fore(), ground, 0.3), ground};
     }
+    const QColor ground = isChecked() ? selected : Back();
+    return {isChecked() ? ToQColor(selectedForeColor_) : Fore(), isDown() ? Mix(ground, selected, 0.4) : ground};
+}
 
+SInk QXColorButton::Ink() const {
+    const SInk face = Face();
+    return MPainting::CaptionInk(face.text, face.ground);
+}
+
+void QXColorButton::paintEvent(QPaintEvent* /*event*/) {
+    const auto [text, ground] = Face();
     QPainter painter(this);
     const double radius = shape_ == 1 ? 6 : 0;
     if (radius > 0) {
@@ -117,7 +121,7 @@ void QXColorButton::paintEvent(QPaintEvent* /*event*/) {
     if (MPainting::IsArrow(FontName(), caption_)) {
         const double size = std::min({area.width(), area.height(), QFontMetricsF(font()).height()});
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(MPainting::ArrowPath(caption_[0], area, size), text);
+        painter.fillPath(MPainting::ArrowPath(caption_[0], area, size), ReadableOn(ground, text));
         return;
     }
     const QString caption = ForDisplay(FromAnsi(caption_));

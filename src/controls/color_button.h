@@ -50,6 +50,7 @@ class QXColorButton : public CControl<QAbstractButton> {
 
     void OnClick(std::function<void()> handler) { click_ = std::move(handler); }
 
+    SInk Ink() const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -62,6 +63,8 @@ class QXColorButton : public CControl<QAbstractButton> {
 
   private:
     void RefreshName();
+    /// The colours of the properties that count in the button's state.
+    SInk Face() const;
 
     std::string caption_;
     std::string controlGroup_;

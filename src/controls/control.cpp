@@ -23,9 +23,19 @@ void IControl::SetTabStop(bool on) {
 
 void IControl::SetToolTipText(std::string_view text) {
     toolTip_ = text;
-    const QString shown = ForDisplay(FromAnsi(text));
+    ShowToolTip();
+}
+
+void IControl::SetWholeText(const QString& text) {
+    if (text == wholeText_) return;  // a change of the tip is an event, and labels come here from each painting
+    wholeText_ = text;
+    ShowToolTip();
+}
+
+void IControl::ShowToolTip() {
+    const QString shown = toolTip_.empty() ? wholeText_ : ForDisplay(FromAnsi(toolTip_));
     // Escaped and marked, so that no text is taken for markup of its own. A screen reader would read the marks.
-    Widget().setToolTip(text.empty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped()));
+    Widget().setToolTip(shown.isEmpty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped()));
     Widget().setAccessibleDescription(shown);
 }
 

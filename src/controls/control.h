@@ -28,6 +28,9 @@ class IControl {
     Colour ForeColor() const { return foreColor_; }
     void SetForeColor(Colour colour) { Change(foreColor_, colour); }
 
+    /// The colours in which its text shows now: those of its properties, changed where they could not be read.
+    virtual SInk Ink() const { return {ReadableOn(Back(), Fore()), Back()}; }
+
     const std::string& FontName() const { return fontName_; }
     void SetFontName(std::string_view name) { Change(fontName_, std::string(name)); }
     /// In points at 96 dots per inch.
@@ -67,6 +70,8 @@ class IControl {
         LookChanged();
     }
     virtual void LookChanged() = 0;
+    /// What a tip shows where no `ToolTipText` is set: the whole of a text that the control has no room for.
+    void SetWholeText(const QString& text);
     /// A handler that an event of the user runs.
     void RaiseByUser(const std::function<void()>& handler);
 
@@ -75,6 +80,8 @@ class IControl {
     QColor Fore() const { return ToQColor(foreColor_); }
 
   private:
+    void ShowToolTip();
+
     CForm* form_;
     std::string name_;
     std::optional<int> index_;
@@ -85,6 +92,7 @@ class IControl {
     double fontSize_ = 12;
     bool fontBold_ = false;
     std::string toolTip_;
+    QString wholeText_;
 };
 
 /// A control over the toolkit's class `Base`: that class gives keyboard, role and state.

@@ -89,6 +89,7 @@ void QXFrame::paintEvent(QPaintEvent* /*event*/) {
         painter.fillRect(QRectF(border.right() - line, border.top(), line, border.height()), colour);
     }
     painter.setFont(font());
-    painter.setPen(isEnabled() ? Fore() : Mix(Fore(), Back(), 0.45));
+    const SInk ink = Ink();
+    painter.setPen(isEnabled() ? ink.text : Mix(ink.text, ink.ground, 0.45));
     painter.drawText(QPointF(gapLeft + kCaptionPadding, metrics.ascent()), caption);
 }

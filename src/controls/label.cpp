@@ -5,10 +5,10 @@
 #include <algorithm>
 
 #include "controls/ansi_qt.h"
+#include "controls/painting.h"
 
 namespace {
 
-constexpr double kReadable = 4.0;       // contrast
 constexpr QChar kBreakHere(u'\u200B');  // of no width
 
 }  // namespace
@@ -55,9 +55,12 @@ void QXLabel::LookChanged() {
     update();
 }
 
+QString QXLabel::Shown() const {
+    return ForDisplay(FromAnsi(caption_));
+}
+
 // Lines break between words; a word longer than a line may break anywhere, so that nothing is cut off.
-QString QXLabel::Wrapped(int inner) const {
-    const QString text = ForDisplay(FromAnsi(caption_));
+QString QXLabel::Wrapped(const QString& text, int inner) const {
     if (!wordWrap()) return text;
     const auto endsWord = [](QChar c) { return c.isSpace() && c != QChar::Nbsp; };
     const QFontMetrics metrics(font());
@@ -79,34 +82,46 @@ QString QXLabel::Wrapped(int inner) const {
 }
 
 // Slanted letters reach beyond their advance, so a little room is kept at both ends.
-QSize QXLabel::TextSize(int width) const {
+QSize QXLabel::TextSize(const QString& text, int width) const {
     const QFontMetrics metrics(font());
     const int inner = wordWrap() ? std::max(1, width - 2 * padding_) : QWIDGETSIZE_MAX;
-    const QRect bounds = metrics.boundingRect(QRect(0, 0, inner, QWIDGETSIZE_MAX), WrapFlag(), Wrapped(inner));
+    const QRect bounds = metrics.boundingRect(QRect(0, 0, inner, QWIDGETSIZE_MAX), WrapFlag(), Wrapped(text, inner));
     const int slant = font().italic() || metrics.minRightBearing() < -2 ? metrics.height() / 5 : 0;
     return QSize(bounds.width() + 2 * padding_ + slant, std::max(bounds.height(), metrics.height()) + 2 + padding_);
 }
 
+void QXLabel::SetRoomFor(const std::vector<std::string_view>& captions) {
+    int width = 0;
+    for (const std::string_view caption : captions)
+        width = std::max(width, TextSize(ForDisplay(FromAnsi(caption)), QWIDGETSIZE_MAX).width());
+    setMinimumWidth(width);
+}
+
 QSize QXLabel::sizeHint() const {
     constexpr int kColumn = 320;
-    return wordWrap() ? TextSize(kColumn).expandedTo(QSize(kColumn, 0)) : TextSize(QWIDGETSIZE_MAX);
+    return wordWrap() ? TextSize(Shown(), kColumn).expandedTo(QSize(kColumn, 0)) : TextSize(Shown(), QWIDGETSIZE_MAX);
 }
 
 QSize QXLabel::minimumSizeHint() const {
-    return wordWrap() ? QSize(60, fontMetrics().height()) : TextSize(QWIDGETSIZE_MAX);
+    return wordWrap() ? QSize(60, fontMetrics().height()) : sizeHint();
 }
 
 int QXLabel::heightForWidth(int width) const {
-    return wordWrap() ? TextSize(width).height() : -1;
+    return wordWrap() ? TextSize(Shown(), width).height() : -1;
+}
+
+SInk QXLabel::Ink() const {
+    const QColor ground = caption_.empty() ? Back() : PlateFor(Fore(), Back());
+    return {ReadableOn(ground, Fore()), ground};
 }
 
 void QXLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const QColor ground = caption_.empty() ? Back() : PlateFor(Fore(), Back());
-    painter.fillRect(rect(), ground);
-    painter.setFont(font());
-    const QColor text = ReadableOn(ground, Fore(), kReadable);
-    painter.setPen(isEnabled() ? text : Mix(text, ground, 0.45));
+    const SInk ink = Ink();
+    painter.fillRect(rect(), ink.ground);
+    if (!isEnabled()) painter.setOpacity(0.55);
     const QRect area = rect().adjusted(padding_, 0, -padding_, 0);
-    painter.drawText(area, static_cast<int>(alignment()) | WrapFlag(), Wrapped(area.width()));
+    const bool whole = MPainting::DrawCaption(painter, area, Wrapped(Shown(), area.width()), font(), ink.text,
+                                              ink.ground, alignment(), wordWrap() ? 0 : 1);
+    SetWholeText(whole ? QString() : Shown());
 }

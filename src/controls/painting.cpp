@@ -14,24 +14,17 @@ namespace MPainting {
 
 namespace {
 
-constexpr double kReadable = 3.0;
-
-// The colour in which a caption is written: `fore`, a little darker or lighter where that alone makes it readable.
-QColor Shade(const QColor& fore, const QColor& ground) {
-    const bool darken = Contrast(ground, Qt::black) > Contrast(ground, Qt::white);
-    for (const double share : {0.0, 0.1, 0.2, 0.3}) {
-        const QColor colour = Mix(fore, darken ? Qt::black : Qt::white, share);
-        if (Contrast(colour, ground) >= kReadable) return colour;
-    }
-    return fore;
-}
-
-QStringList Lines(const QString& text, const QFont& font, double width, int most) {
+// The last line that there is room for takes all the rest, and is elided; `whole` tells whether it has room for that.
+QStringList Lines(const QString& text, const QFont& font, double width, int most, bool& whole) {
     const QFontMetricsF metrics(font);
+    const auto elided = [&](QString rest) {
+        rest.replace(QChar::LineSeparator, u' ');
+        const QString shown = metrics.elidedText(rest, Qt::ElideRight, width);
+        whole = shown == rest;
+        return shown;
+    };
     if (most <= 1 || (metrics.horizontalAdvance(text) <= width && !text.contains(u'\n'))) {
-        QString line = text;
-        line.replace(u'\n', u' ');
-        return {metrics.elidedText(line, Qt::ElideRight, width)};
+        return {elided(QString(text).replace(u'\n', u' '))};
     }
     QString broken = text;
     broken.replace(u'\n', QChar::LineSeparator);
@@ -41,9 +34,7 @@ QStringList Lines(const QString& text, const QFont& font, double width, int most
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
         if (lines.size() + 1 == most) {
-            QString rest = broken.mid(line.textStart());
-            rest.replace(QChar::LineSeparator, u' ');
-            lines << metrics.elidedText(rest, Qt::ElideRight, width);
+            lines << elided(broken.mid(line.textStart()));
             break;
         }
         lines << broken.mid(line.textStart(), line.textLength()).trimmed();
@@ -54,13 +45,24 @@ QStringList Lines(const QString& text, const QFont& font, double width, int most
 
 }  // namespace
 
-void DrawCaption(QPainter& painter, const QRectF& area, const QString& text, const QFont& font, const QColor& fore,
-                 const QColor& ground, Qt::Alignment alignment) {
-    if (text.isEmpty() || area.isEmpty()) return;
+SInk CaptionInk(const QColor& fore, const QColor& ground) {
+    constexpr double kAnotherColour = 3;  // contrast
+    const QColor shaded = ReadableOn(ground, fore);
+    if (Contrast(shaded, fore) < kAnotherColour) return {shaded, ground};
+    const QColor outline = Mix(ground, Qt::black, 0.82);
+    return {ReadableOn(outline, fore), outline};
+}
+
+bool DrawCaption(QPainter& painter, const QRectF& area, const QString& text, const QFont& font, const QColor& fore,
+                 const QColor& ground, Qt::Alignment alignment, int lines) {
+    if (text.isEmpty() || area.isEmpty()) return text.isEmpty();
     const QFontMetricsF metrics(font, painter.device());
-    const int most = std::max(1, static_cast<int>((area.height() + metrics.leading()) / metrics.height()));
-    const QStringList lines = Lines(text, font, area.width(), most);
-    const double height = metrics.height() * static_cast<double>(lines.size());
+    const double pitch = metrics.lineSpacing();
+    const int room = 1 + static_cast<int>(std::max(0.0, area.height() - metrics.height()) / pitch);
+    const int most = lines > 0 ? std::min(room, lines) : room;
+    bool whole = true;
+    const QStringList broken = Lines(text, font, area.width(), most, whole);
+    const double height = metrics.height() + pitch * static_cast<double>(broken.size() - 1);
 
     painter.save();
     painter.setFont(font);
@@ -68,27 +70,26 @@ void DrawCaption(QPainter& painter, const QRectF& area, const QString& text, con
     double top = area.top();
     if (alignment & Qt::AlignVCenter) top += (area.height() - height) / 2;
     if (alignment & Qt::AlignBottom) top += area.height() - height;
-    const QColor colour = Shade(fore, ground);
-    const bool outlined = Contrast(colour, ground) < kReadable;
-    for (const QString& line : lines) {
+    const SInk ink = CaptionInk(fore, ground);
+    for (const QString& line : broken) {
         const double width = metrics.horizontalAdvance(line);
         double left = area.left();
         if (alignment & Qt::AlignHCenter) left += (area.width() - width) / 2;
         if (alignment & Qt::AlignRight) left += area.width() - width;
         const QPointF baseline(left, top + metrics.ascent());
-        if (outlined) {
+        if (ink.ground != ground) {
             QPainterPath path;
             path.addText(baseline, font, line);
-            const QColor halo = Mix(ground, Qt::black, 0.82);
-            painter.strokePath(path, QPen(halo, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-            painter.fillPath(path, colour);
+            painter.strokePath(path, QPen(ink.ground, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            painter.fillPath(path, ink.text);
         } else {
-            painter.setPen(colour);
+            painter.setPen(ink.text);
             painter.drawText(baseline, line);
         }
-        top += metrics.height();
+        top += pitch;
     }
     painter.restore();
+    return whole;
 }
 
 bool IsArrow(std::string_view fontName, std::string_view caption) {
@@ -144,15 +145,16 @@ void DrawBorder(QPainter& painter, const QRectF& area, const QColor& colour, dou
 QPalette FieldPalette(const QColor& back, const QColor& fore, const QColor& form) {
     QPalette palette;
     const QColor bar = Mix(back, fore, 0.35);
+    const QColor text = ReadableOn(back, fore);
     palette.setColor(QPalette::Base, back);
     palette.setColor(QPalette::AlternateBase, back);
-    palette.setColor(QPalette::Text, fore);
-    palette.setColor(QPalette::WindowText, fore);
-    palette.setColor(QPalette::ButtonText, fore);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::ButtonText, text);
     palette.setColor(QPalette::Window, Mix(back, form, 0.35));
     palette.setColor(QPalette::Button, bar);
     palette.setColor(QPalette::Highlight, fore);
-    palette.setColor(QPalette::HighlightedText, ReadableOn(fore, back, 4.5));
+    palette.setColor(QPalette::HighlightedText, ReadableOn(fore, back));
     palette.setColor(QPalette::Disabled, QPalette::Base, Mix(back, form, 0.55));
     palette.setColor(QPalette::Disabled, QPalette::Text, Mix(fore, back, 0.35));
     return palette;

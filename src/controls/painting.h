@@ -8,15 +8,21 @@
 #include <QString>
 #include <string_view>
 
+#include "controls/colour.h"
+
 class QPainter;
 
 /// How the controls of this floor draw what they have in common.
 namespace MPainting {
 
-/// A caption of one line, or of as many as `area` has room for, elided at the end. Where its colour is hard to read on
-/// `ground` it gets a dark outline.
-void DrawCaption(QPainter& painter, const QRectF& area, const QString& text, const QFont& font, const QColor& fore,
-                 const QColor& ground, Qt::Alignment alignment);
+/// In what a caption of colour `fore` is written on `ground`: shaded until it can be read, or where that would make
+/// another colour of it, as it is with a dark outline.
+SInk CaptionInk(const QColor& fore, const QColor& ground);
+
+/// A caption of as many lines as `area` has room for, at most `lines` where that isn't 0, elided at the end.
+/// False where it had to be elided.
+bool DrawCaption(QPainter& painter, const QRectF& area, const QString& text, const QFont& font, const QColor& fore,
+                 const QColor& ground, Qt::Alignment alignment, int lines = 0);
 
 /// True for the four arrows of "Wingdings": codes 231 to 234, left, right, up, down.
 bool IsArrow(std::string_view fontName, std::string_view caption);

@@ -14,6 +14,10 @@ class CTextBox : public CControl<QPlainTextEdit> {
     const std::string& Text() const { return text_; }
     void SetText(std::string_view text);
 
+    /// What shows the whole text without a scroll bar, in the font as it is now.
+    int HeightFor(int width) const;
+    SInk Ink() const override;
+
   protected:
     void LookChanged() override;
     void paintEvent(QPaintEvent* event) override;

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int kHeight = 31;
+constexpr int kMargin = 6;
 
 bool IsLeaving(Qt::FocusReason reason) {
     return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
@@ -27,7 +28,7 @@ bool IsDropped(QChar character) {
 QXTextEdit::QXTextEdit(CForm* form, const char* name, std::optional<int> index) : CControl(form, name, index) {
     setFrame(false);
     setMaxLength(std::numeric_limits<int>::max());
-    setTextMargins(6, 0, 6, 0);
+    setTextMargins(kMargin, 0, kMargin, 0);
     setAttribute(Qt::WA_MacShowFocusRect, false);
     LookChanged();
     connect(this, &QLineEdit::textEdited, this, [this] { UserEdited(); });
@@ -51,6 +52,8 @@ void QXTextEdit::SetText(std::string_view text) {
         setCursorPosition(std::min(cursor, static_cast<int>(now.size())));
     }
     known_ = now;
+    if (pathField_) SetWholeText(ForDisplay(now));
+    if (pathField_ && !hasFocus()) ShowHome();
     if (change_) {
         const std::function<void()> change = change_;
         change();
@@ -130,7 +133,9 @@ void QXTextEdit::focusInEvent(QFocusEvent* event) {
 void QXTextEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     enteredByClick_ = false;
-    if (IsLeaving(event->reason())) RaiseByUser(leave_);
+    if (!IsLeaving(event->reason())) return;
+    ShowHome();
+    RaiseByUser(leave_);
 }
 
 void QXTextEdit::mousePressEvent(QMouseEvent* event) {
@@ -147,10 +152,25 @@ void QXTextEdit::mouseReleaseEvent(QMouseEvent* event) {
     if (!std::exchange(swallowsMouse_, false)) QLineEdit::mouseReleaseEvent(event);
 }
 
-void QXTextEdit::LookChanged() {
-    setFont(LookFont());
-    setPalette(MPainting::FieldPalette(PlateFor(Fore(), Back()), Fore(), ToQColor(Form().BackColor())));
+void QXTextEdit::SetLocked(bool locked) {
+    setReadOnly(locked);
+    LookChanged();
+}
+
+void QXTextEdit::SetRoomFor(std::string_view text) {
+    roomFor_ = FromAnsi(text);
     updateGeometry();
+}
+
+void QXTextEdit::LookChanged() {
+    const QColor form = ToQColor(Form().BackColor());
+    setFont(LookFont());
+    setPalette(MPainting::FieldPalette(PlateFor(Fore(), Locked() ? form : Back()), Fore(), form));
+    updateGeometry();
+}
+
+SInk QXTextEdit::Ink() const {
+    return {palette().color(QPalette::Text), palette().color(QPalette::Base)};
 }
 
 void QXTextEdit::changeEvent(QEvent* event) {
@@ -164,16 +184,23 @@ void QXTextEdit::paintEvent(QPaintEvent* event) {
         painter.fillRect(rect(), palette().color(QPalette::Base));
     }
     QLineEdit::paintEvent(event);
-    if (hasFocus()) {
-        QPainter painter(this);
-        MPainting::DrawBorder(painter, rect(), Mix(Fore(), Back(), 0.25), 1);
-    }
+    // A dark plate under letters of an odd colour isn't taken for a disabled field when it is framed in their colour.
+    const bool onPlate = isEnabled() && !Locked() && PlateFor(Fore(), Back()) != Back();
+    QPainter painter(this);
+    if (onPlate) MPainting::DrawBorder(painter, rect(), Fore(), 2);
+    if (hasFocus()) MPainting::DrawBorder(painter, rect(), Mix(Fore(), Back(), 0.25), 1);
+}
+
+// The toolkit keeps two pixels more at both ends of the text.
+int QXTextEdit::WidthFor(const QString& text) const {
+    return fontMetrics().horizontalAdvance(text) + 2 * (kMargin + 2) + 1;
 }
 
 QSize QXTextEdit::sizeHint() const {
-    return QSize(QLineEdit::sizeHint().width(), std::max(kHeight, fontMetrics().height() + 8));
+    const int width = roomFor_.isEmpty() ? QLineEdit::sizeHint().width() : WidthFor(roomFor_);
+    return QSize(width, std::max(kHeight, fontMetrics().height() + 8));
 }
 
 QSize QXTextEdit::minimumSizeHint() const {
-    return QSize(fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 12, sizeHint().height());
+    return QSize(WidthFor(roomFor_.isEmpty() ? QStringLiteral("0000") : roomFor_), sizeHint().height());
 }

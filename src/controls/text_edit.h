@@ -7,6 +7,7 @@
 
 /// A field of one line. What the user types or pastes loses line breaks and NUL, and characters that the code page
 /// lacks become "?" at once; length limit and character filter bind the user alone, never a write by code.
+/// What is too long shows its beginning again when the field is left. A locked field has no ground of its own.
 class QXTextEdit : public CControl<QLineEdit> {
     Q_OBJECT
   public:
@@ -18,8 +19,11 @@ class QXTextEdit : public CControl<QLineEdit> {
     std::string Text() const;
     void SetText(std::string_view text);
 
-    /// The field holds a path: its text is the platform's bytes, not the code page's.
+    /// The field holds a path: its text is the platform's bytes, not the code page's, shows its end where it is too
+    /// long, and stands in the field's tip.
     void SetPathField(bool on) { pathField_ = on; }
+    /// Never narrower than this text needs.
+    void SetRoomFor(std::string_view text);
     /// 0 any text, 1 digits, 2 digits, point and minus.
     int DataType() const { return dataType_; }
     void SetDataType(int type) { dataType_ = type; }
@@ -29,7 +33,7 @@ class QXTextEdit : public CControl<QLineEdit> {
     int MaxLength() const { return maxLength_; }
     void SetMaxLength(int characters) { maxLength_ = characters; }
     bool Locked() const { return isReadOnly(); }
-    void SetLocked(bool locked) { setReadOnly(locked); }
+    void SetLocked(bool locked);
     Qt::Alignment Alignment() const { return alignment(); }
     void SetAlignment(Qt::Alignment alignment) { setAlignment(alignment); }
     /// The whole text is selected when the field is entered.
@@ -41,6 +45,7 @@ class QXTextEdit : public CControl<QLineEdit> {
     /// The user left the field for another control of the form.
     void OnLeave(std::function<void()> handler) { leave_ = std::move(handler); }
 
+    SInk Ink() const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -56,6 +61,9 @@ class QXTextEdit : public CControl<QLineEdit> {
     void changeEvent(QEvent* event) override;
 
   private:
+    int WidthFor(const QString& text) const;
+    /// Brings that end of the text into sight which tells most.
+    void ShowHome() { setCursorPosition(pathField_ ? static_cast<int>(text().size()) : 0); }
     bool Passes(QChar character) const;
     QString Clean(const QString& entered) const;
     void UserEdited();
@@ -63,6 +71,7 @@ class QXTextEdit : public CControl<QLineEdit> {
     std::function<void()> change_;
     std::function<void()> leave_;
     std::string allowedKeys_;
+    QString roomFor_;
     QString known_;
     int dataType_ = 0;
     int maxLength_ = 0;

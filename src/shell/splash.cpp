@@ -13,6 +13,7 @@
 FSplash::FSplash() : CForm("FSplash") {
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     lblCopyright.SetCaption(MProduct::Copyright);
+    lblVersion.SetPadding(4);
     lblTip.SetPadding(10);
     lblTip.SetAlignment(Qt::AlignCenter);
 

@@ -91,6 +91,9 @@ TEST_F(TextEdit, SelectionOnEntrySurvivesTheClickThatEntered) {
     EXPECT_EQ(field.selectedText(), QStringLiteral("Storm Projector"));
     MFormDriver::Click(form, "tedName");
     EXPECT_FALSE(field.hasSelectedText());
+    field.setCursorPosition(9);
+    form.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(field.cursorPosition(), 0) << "the head shows again once the field is left";
 }
 
 }  // namespace
