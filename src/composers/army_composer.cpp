@@ -58,7 +58,6 @@ FArmyComposer::FArmyComposer()
 
 void FArmyComposer::LayOut() {
     SetUpPointCost(frmPointCost, tedPointCost);
-    frmPointCost.setFixedWidth(150);
 
     auto* head = MLayout::Row(nullptr, MLayout::FrameGap);
     head->addLayout(LayOutFields(), 1);

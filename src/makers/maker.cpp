@@ -61,7 +61,6 @@ void FMaker::LayOut() {
     AddField(lblDescr, tedDescr);
 
     SetUpPointCost(frmPointCost, tedPointCost);
-    frmPointCost.setFixedWidth(kCostWidth);
     head_ = MLayout::Row(nullptr, MLayout::FrameGap);
     head_->addLayout(fields_, 1);
     head_->addWidget(&frmPointCost);
@@ -90,7 +89,8 @@ void FMaker::AddField(QXLabel& label, QWidget& field) {
 }
 
 void FMaker::AddToHead(QXFrame& frame) {
-    frame.setFixedWidth(kCostWidth);
+    frame.setMinimumWidth(kCostWidth);
+    frame.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     head_->insertWidget(head_->count() - 1, &frame);
 }
 

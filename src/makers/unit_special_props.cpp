@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 #include <string>
+#include <vector>
 
 #include "controls/layout.h"
 #include "core/files/file_format.h"
@@ -90,11 +91,12 @@ FUnitSpecialProps::FUnitSpecialProps() : CForm("FUnitSpecialProps") {
 }
 
 void FUnitSpecialProps::LayOut() {
-    MLayout::Column(&frmGeneral)->addWidget(&chkFlying);
+    MLayout::Column(&frmGeneral)->addWidget(&chkFlying, 0, Qt::AlignTop);
     SetUpPointCost(frmPointCost, tedPointCost);
+    frmPointCost.setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);  // as wide as the frame above
     auto* left = MLayout::Column(nullptr, MLayout::GapAboveFrame);
-    left->addWidget(&frmGeneral);
-    left->addWidget(&frmPointCost, 1);
+    left->addWidget(&frmGeneral, 1);
+    left->addWidget(&frmPointCost);
 
     auto* infantry = MLayout::Grid(&frmInfantry);
     int row = 0;
@@ -141,6 +143,10 @@ void FUnitSpecialProps::LayOut() {
 void FUnitSpecialProps::Form_Load() {
     GuiHandler = std::make_unique<CVDGuiHandler>();
     GuiHandler->SetSkin(*this, MGlobal::SkinId());
+    std::vector<std::string_view> tips;
+    for (const IControl* control : Controls())
+        tips.push_back(TipOf(control));
+    lblTip.SetRoomFor(tips);
 }
 
 void FUnitSpecialProps::ShowUnit(const CUnit& source) {

@@ -70,8 +70,9 @@ TEST_F(UnitMakerTest, StatFieldsShowWhatTheirLimitsLetThrough) {
         {"tedStat(1)=.", "0"},  {"tedStat(0)=21", "20"}, {"tedStat(0)=1", "1"}, {"tedStat(0)=-8", "8"}};
     for (const auto& [action, shown] : kTyped) {  // "!" for red
         Do(action);
-        const auto& stat = Control<QXTextEdit>(action.substr(0, 10));
+        auto& stat = Control<QXTextEdit>(action.substr(0, 10));
         EXPECT_EQ(stat.Text() + (stat.ForeColor() == 255 ? "!" : ""), shown) << action;
+        EXPECT_EQ(stat.grab().toImage().pixelColor(1, 1) == Qt::red, stat.ForeColor() == 255) << "frame of a warning";
     }
     ExpectClosing("0");
     Open<FUnitMaker>();
@@ -115,6 +116,11 @@ TEST_F(UnitMakerTest, SpecialPropertiesAreThoseOfTheEditionAndTheSkill) {
             for (const char* name : {"chkMedic", "tedHeroicSave", "chkFerocious"})
                 seen += MFormDriver::Find(dialog, name)->isEnabled() ? '+' : '-';
             EXPECT_TRUE(MFormDriver::Get<QXColorButton>(dialog, "chkFerocious").Value());  // stays set
+            auto& tip = MFormDriver::Get<QXLabel>(dialog, "lblTip");
+            tip.SetCaption(CUnit::CrewDescription(1));  // the longest
+            MFormDriver::Find(dialog, "frmInfantry")->hide();
+            dialog.resize(dialog.size() / 2);
+            EXPECT_GE(dialog.minimumWidth(), tip.sizeHint().width()) << "the smallest window cuts a tip";
             Do(dialog, "cmdCancel");
         });
         Do("cmdSpecialProps");

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kNameLength = 50;
 constexpr int kDescrLength = 100;
+constexpr int kFieldWidth = 200;  // at least
 
 }  // namespace
 
@@ -15,6 +16,8 @@ FEditForm::FEditForm(const char* formName, const char* caption, MGlobal::Documen
     SetCaption(caption);
     lblName.SetCaption("Name:");
     lblDescr.SetCaption("Description:");
+    for (QXTextEdit* field : {&tedName, &tedDescr})
+        field->setMinimumWidth(kFieldWidth);
     tedName.OnChange([this] { tedName_Change(); });
     tedDescr.OnChange([this] { tedDescr_Change(); });
 }

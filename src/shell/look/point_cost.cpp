@@ -4,6 +4,8 @@
 
 void SetUpPointCost(QXFrame& frame, QXTextEdit& field) {
     frame.SetCaption("Point Cost");
+    frame.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    field.SetRoomFor("-1.23456789012345E-300");  // no cost is longer
     field.SetDataType(2);
     field.SetLocked(true);
     field.SetAlignment(Qt::AlignCenter);
