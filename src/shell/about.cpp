@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kOkWidth = 120;
 constexpr QSize kPictureSize(560, 200);
-constexpr int kNoticeHeight = 264;
 
 }  // namespace
 
@@ -19,7 +18,6 @@ FAbout::FAbout() : CForm("FAbout") {
     cmdOK.setMinimumWidth(kOkWidth);
     lblCopyright.SetCaption(MProduct::Copyright);
     tedNotice.SetLabel(lblDescription);
-    tedNotice.setMinimumHeight(kNoticeHeight);
     Image1.setMinimumSize(kPictureSize);
     cmdLink.OnClick([this] { cmdLink_Click(); });
     cmdOK.OnClick([this] { cmdOK_Click(); });
@@ -32,11 +30,11 @@ FAbout::FAbout() : CForm("FAbout") {
     buttons->addWidget(&cmdLink, 1);
     buttons->addWidget(&cmdOK);
     auto* column = MLayout::WithFormMargins(MLayout::Column(this));
-    column->addWidget(&Image1);
+    column->addWidget(&Image1, 1);
     column->addLayout(heading);
     column->addWidget(&lblDescription);
     column->addWidget(&lblCopyright);
-    column->addWidget(&tedNotice, 1);
+    column->addWidget(&tedNotice);
     column->addSpacing(MLayout::FrameGap - MLayout::Gap);
     column->addLayout(buttons);
 }
@@ -51,6 +49,7 @@ void FAbout::Form_Load() {
     lblTitle.SetFontSize(20);
     lblDescription.SetCaption(MProduct::Description);
     tedNotice.SetText(MProduct::Notice());
+    tedNotice.setFixedHeight(tedNotice.HeightFor(kPictureSize.width()));  // the form is never narrower
     cmdLink.SetCaption(MProduct::WebAddress);
     Image1.SetPicture(CPicture::FromResource(QStringLiteral(":/splash.svg")));
     resize(minimumSizeHint());

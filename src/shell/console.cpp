@@ -157,6 +157,10 @@ void FConsole::Form_Activate() {
 
 void FConsole::ApplySkin() {
     GuiHandler->SetSkin(*this, MGlobal::SkinId());
+    std::vector<std::string_view> tips;
+    for (const SCommand& command : Commands)
+        tips.push_back(command.tip);
+    lblTip.SetRoomFor(tips);
     lblVersion.SetForeColor(0xCCCCCC);
     lblVersion.SetFontSize(8);
     lblVersion.SetFontBold(false);

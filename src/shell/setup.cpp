@@ -77,13 +77,11 @@ void FSetup::LayOut() {
         }
         QXFrame& frame = frmSupportFiles[number++];
         frame.SetCaption(group.caption);
-        auto* middle = MLayout::Column(&frame, 0);
-        middle->addStretch(1);
-        middle->addLayout(grid);
-        middle->addStretch(1);
-        column->addWidget(&frame, 1);
+        MLayout::Column(&frame)->addLayout(grid);
+        column->addWidget(&frame);
     }
     column->addSpacing(MLayout::FrameGap);
+    column->addStretch(1);
     lblTip.SetPadding(10);
     lblTip.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // no tip widens the form
     column->addWidget(&lblTip);

@@ -1,8 +1,10 @@
 #include "shell/console.h"
 
+#include <QScrollBar>
 #include <QTest>
 #include <QWindow>
 
+#include "controls/text_box.h"
 #include "core/state/global.h"
 #include "shell/splash.h"
 #include "support/core_test.h"
@@ -32,6 +34,10 @@ class Console : public CoreTest {
 TEST_F(Console, OpensFormsAndFollowsTheSkinWhenTheyClose) {
     WhileModal([this](CForm& about) {
         EXPECT_EQ(Get<QXLabel>(about, "lblVersion").Caption(), "Version 12.3.45");
+        about.resize(about.size() + QSize(0, 99));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Get<CTextBox>(about, "tedNotice").verticalScrollBar()->maximum(), 0) << "the notice scrolls";
+        EXPECT_LT(Find(about, "tedNotice")->height(), 280) << "the notice stands in an empty box";
         Click(about, "cmdLink");
         EXPECT_EQ(platform_.ShellExecutes.at(0).File, Get<QXColorButton>(about, "cmdLink").Caption());
         Click(about, "cmdOK");

@@ -3,6 +3,10 @@
 
 #include "shell/setup_test.h"
 
+#include <QAbstractItemView>
+
+#include "shell/console.h"
+
 namespace fs = std::filesystem;
 
 using namespace MFormDriver;
@@ -89,8 +93,16 @@ TEST_F(SetupTest, PathGetsItsExtensionWhenItsFieldIsLeftAndLoadAllDoesNothing) {
     Type(*form_, "tedArmyListFile", "z");
     Click("cmdLoad");
     ExpectPath(kWorkingFiles[0], "/x/\xC3\xA9\xE9.V2Q.v2q");
-    EXPECT_TRUE(Get<QXTextEdit>(*form_, "tedEqFile").text().startsWith(QStringLiteral(u"/x/\u00E9")));
+    auto& field = Get<QXTextEdit>(*form_, "tedEqFile");
+    EXPECT_TRUE(field.text().startsWith(QStringLiteral(u"/x/\u00E9")));
     ExpectPath(kWorkingFiles[1], "");
+    field.SetText("/" + std::string(200, 'W') + "/<b>/z.v2q");
+    const int height = Find(*form_, "frmSupportFiles(2)")->height();
+    form_->resize(form_->width(), form_->height() + 200);
+    form_->grab();
+    EXPECT_EQ(field.cursorPositionAt({field.width(), 9}), field.text().size()) << "a long path shows its end";
+    EXPECT_TRUE(field.toolTip().contains("&lt;b&gt;/z.v2q")) << field.toolTip().toStdString();
+    EXPECT_EQ(Find(*form_, "frmSupportFiles(2)")->height(), height) << "height to spare goes below the frames";
 }
 
 TEST_F(SetupTest, OnlyOkStoresThePathsAndNothingUndoesThem) {
@@ -112,6 +124,44 @@ TEST_F(SetupTest, OnlyOkStoresThePathsAndNothingUndoesThem) {
     Click("cmdOK");
     EXPECT_FALSE(form_->Visible());
     EXPECT_EQ(ReadBytes(settings), Lines({"[Files]", "ArmyListFile=" + chosen}));
+}
+
+// All forms that the console opens, and itself.
+TEST_F(SetupTest, TextsCanBeReadAndCostsAreWholeInBothSkins) {
+    const auto check = [](CForm& form) {
+        for (IControl* control : form.Controls()) {
+            SCOPED_TRACE(form.Name() + "." + control->Name());
+            auto* button = dynamic_cast<QXColorButton*>(control);
+            for (const bool on : {false, true}) {
+                if (button != nullptr) button->SetValue(on);
+                EXPECT_GE(Contrast(control->Ink().text, control->Ink().ground), 4.5);
+            }
+        }
+        if (auto* cost = dynamic_cast<QXTextEdit*>(form.FindControl("tedPointCost"))) {
+            auto* facts = form.findChild<QXLabel*>("lblSpecialDescr(0)");
+            if (facts != nullptr) facts->SetCaption(std::string(2000, '<'));
+            form.resize(form.minimumSize());
+            cost->SetText("-1.23456789012345E-300");
+            form.grab();
+            EXPECT_EQ(cost->cursorPositionAt({cost->width(), 9}) - cost->cursorPositionAt({0, 9}), 22) << form.Name();
+            EXPECT_EQ(cost->Ink().ground == ToQColor(form.BackColor()), cost->Locked()) << "looks open, and is not";
+            EXPECT_TRUE(facts == nullptr || facts->toolTip().contains("&lt;&lt;")) << "facts are cut without a tip";
+            for (auto* list : form.findChildren<QAbstractItemView*>())
+                EXPECT_TRUE(!list->isVisible() || list->height() >= list->minimumSizeHint().height()) << "squeezed";
+        }
+        form.Unload();
+    };
+    for (const int skin : {1, 2}) {
+        MGlobal::SetSkinId(skin);
+        FConsole console;
+        console.ShowNonModal();
+        for (const char* button : {"cmdFiles", "cmdArmyComposer", "cmdArmyList", "cmdSquadComposer", "cmdUnitMaker",
+                                   "cmdWeaponMaker", "cmdAccessoryMaker", "cmdAbout"}) {
+            WhileModal(check);
+            MFormDriver::Click(console, button);
+        }
+        check(console);
+    }
 }
 
 }  // namespace
