@@ -187,6 +187,15 @@ void QXTextEdit::paintEvent(QPaintEvent* event) {
     // A dark plate under letters of an odd colour isn't taken for a disabled field when it is framed in their colour.
     const bool onPlate = isEnabled() && !Locked() && PlateFor(Fore(), Back()) != Back();
     QPainter painter(this);
+    // The toolkit has scrolled the text to the cursor, and cuts letters in two where it has no room.
+    const QRect room = rect().adjusted(kMargin + 2, 0, -kMargin - 2, 0);
+    if (!hasFocus() && !hasSelectedText() && fontMetrics().horizontalAdvance(displayText()) > room.width()) {
+        const Qt::TextElideMode mode = pathField_ ? Qt::ElideLeft : Qt::ElideRight;
+        painter.fillRect(rect(), Ink().ground);
+        painter.setPen(Ink().text);
+        painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
+                         fontMetrics().elidedText(displayText(), mode, room.width()));
+    }
     if (onPlate) MPainting::DrawBorder(painter, rect(), Fore(), 2);
     if (hasFocus()) MPainting::DrawBorder(painter, rect(), Mix(Fore(), Back(), 0.25), 1);
 }
