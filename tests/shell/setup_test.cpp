@@ -138,14 +138,11 @@ TEST_F(SetupTest, TextsCanBeReadAndCostsAreWholeInBothSkins) {
             }
         }
         if (auto* cost = dynamic_cast<QXTextEdit*>(form.FindControl("tedPointCost"))) {
-            auto* facts = form.findChild<QXLabel*>("lblSpecialDescr(0)");
-            if (facts != nullptr) facts->SetCaption(std::string(2000, '<'));
             form.resize(form.minimumSize());
             cost->SetText("-1.23456789012345E-300");
             form.grab();
             EXPECT_EQ(cost->cursorPositionAt({cost->width(), 9}) - cost->cursorPositionAt({0, 9}), 22) << form.Name();
             EXPECT_EQ(cost->Ink().ground == ToQColor(form.BackColor()), cost->Locked()) << "looks open, and is not";
-            EXPECT_TRUE(facts == nullptr || facts->toolTip().contains("&lt;&lt;")) << "facts are cut without a tip";
             for (auto* list : form.findChildren<QAbstractItemView*>())
                 EXPECT_TRUE(!list->isVisible() || list->height() >= list->minimumSizeHint().height()) << "squeezed";
         }
