@@ -139,21 +139,35 @@ std::string URoster2::HtmlHead() const {
     return CFilledTemplate(kHead).Replace("*BGCOLOR", palette.background).Replace("*TXTCOLOR", palette.text).Text();
 }
 
+// The player never chose this file: an error has to say which one it is about.
+template <class TOperation>
+void URoster2::WritePage(TOperation&& operation) {
+    try {
+        operation();
+    } catch (const CRuntimeError& error) {
+        throw error.About(openPage_);
+    }
+}
+
 std::int16_t URoster2::NewRoster(const std::string& path) {
-    const std::int16_t fileNumber = MTextOutput::Open(path.empty() ? defaultPage_ : path);
+    openPage_ = path.empty() ? defaultPage_ : path;
+    std::int16_t fileNumber = 0;
+    WritePage([&] { fileNumber = MTextOutput::Open(openPage_); });
     pageSize_ = 0;
     Write(fileNumber, HtmlHead());
     return fileNumber;
 }
 
 void URoster2::CloseRoster(std::int16_t fileNumber) {
-    try {
-        MTextOutput::Print(fileNumber, kTail);
-    } catch (const CRuntimeError&) {
-        MTextOutput::Abandon(fileNumber);
-        throw;
-    }
-    MTextOutput::Close(fileNumber);
+    WritePage([&] {
+        try {
+            MTextOutput::Print(fileNumber, kTail);
+        } catch (const CRuntimeError&) {
+            MTextOutput::Abandon(fileNumber);
+            throw;
+        }
+        MTextOutput::Close(fileNumber);
+    });
 }
 
 void URoster2::ShowRosterFile(const std::string& path) {
@@ -167,8 +181,10 @@ bool URoster2::IsPageFull() const {
 void URoster2::Write(std::int16_t fileNumber, std::string_view text) {
     // Squads that refer to each other by name can unfold into more rows than any disk holds.
     pageSize_ += text.size();
-    if (IsPageFull()) throw CRuntimeError(ErrorNumber::DiskFull);
-    MTextOutput::Print(fileNumber, text);
+    WritePage([&] {
+        if (IsPageFull()) throw CRuntimeError(ErrorNumber::DiskFull);
+        MTextOutput::Print(fileNumber, text);
+    });
 }
 
 void URoster2::ShowArmyRoster(const CArmyRoster& roster) {

@@ -21,7 +21,7 @@ class CWeapon;
 /// the whole application, beside the executable, and saving a page is copying that file.
 ///
 /// A file number below 1 means that no page is open: the operation then makes one, finishes it and shows it. Files that
-/// can't be written are run-time errors for the caller.
+/// can't be written are run-time errors for the caller, which name the file.
 class URoster2 {
   public:
     /// Works out the default page path and sends the browser child, which must outlive the control, to "about:blank".
@@ -57,6 +57,8 @@ class URoster2 {
   private:
     class CPage;
 
+    template <class TOperation>
+    void WritePage(TOperation&& operation);
     void Write(std::int16_t fileNumber, std::string_view text);
     bool IsPageFull() const;
     void WriteSquad(const CMultUnit& squad, std::int16_t fileNumber, bool showDescription);
@@ -64,6 +66,7 @@ class URoster2 {
 
     IBrowser& browser_;
     std::string defaultPage_;
+    std::string openPage_;  // the page begun last
     std::int32_t skin_ = 0;
     const CArmyList* armyList_ = nullptr;
     std::size_t pageSize_ = 0;

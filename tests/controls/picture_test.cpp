@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <QPainter>
+
 #include "support/core_test.h"
 
 namespace {
@@ -21,6 +23,26 @@ TEST_F(Picture, WhatCannotBeReadHasItsErrorNumber) {
     for (const auto& [error, names] : cases) {
         for (const std::string& name : names)
             EXPECT_EQ(ErrorOf([&] { CPicture::Load(folder_ / name); }), error) << name;
+    }
+}
+
+// Of pixels black and white by turns nothing but grey remains, whatever the image keeps its pixels in.
+TEST_F(Picture, ReducedByMixingPixelsAndOfItsOwnSizeStill) {
+    for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32}) {
+        QImage image(400, 300, QImage::Format_RGB32);
+        for (int at = 0; at < 400 * 300; ++at)
+            image.setPixel(at % 400, at / 400, (at % 400 + at / 400) % 2 != 0 ? 0xFFFFFFFF : 0xFF000000);
+        ASSERT_TRUE(image.convertToFormat(format).save(QString::fromStdString(folder_ / "hatch.png")));
+        for (const std::int64_t most : {400 * 300, 20 * 15}) {
+            const PicturePtr picture = CPicture::Load(folder_ / "hatch.png", most);
+            EXPECT_EQ(picture->Size(), QSize(400, 300));
+            EXPECT_EQ(picture->PixelCount(), most);
+            QImage shown(20, 15, QImage::Format_RGB32);
+            QPainter painter(&shown);
+            picture->Paint(painter, shown.rect());
+            for (int at = 0; at < 20 * 15; ++at)
+                ASSERT_NEAR(qGray(shown.pixel(at % 20, at / 20)), 127, 8) << format << " " << at;
+        }
     }
 }
 

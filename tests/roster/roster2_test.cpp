@@ -150,7 +150,12 @@ TEST_F(RosterPageTest, NamesThatResolveToNothingUsefulAreErrors) {
 
     std::filesystem::remove(folder_ / "tmproster.html");
     std::filesystem::create_directory(folder_ / "tmproster.html");
-    EXPECT_EQ(ErrorOf([&] { roster_.ShowArmyList(list_); }), 75);
+    try {
+        roster_.ShowArmyList(list_);
+        ADD_FAILURE() << "a folder has become a page";
+    } catch (const CRuntimeError& error) {
+        EXPECT_EQ(error.what(), "Path/File access error\r\n" + folder_ / "tmproster.html");
+    }
 }
 
 }  // namespace

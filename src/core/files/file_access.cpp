@@ -117,13 +117,14 @@ class CNeighbour {
 
 }  // namespace
 
-std::string ReadWholeFile(const std::string& path) {
+std::string ReadWholeFile(const std::string& path, Links links) {
     if (path.find('\0') != std::string::npos) throw CRuntimeError(ErrorNumber::FileNotFound);
+    const bool follow = links == Links::Followed;
     struct stat info {};
-    if (::stat(path.c_str(), &info) != 0) RaiseFor(errno, path);
+    if ((follow ? ::stat(path.c_str(), &info) : ::lstat(path.c_str(), &info)) != 0) RaiseFor(errno, path);
     if (!S_ISREG(info.st_mode)) throw CRuntimeError(ErrorNumber::PathFileAccess);
     // Not blocking, and looked at again: the name may have gone to another file.
-    CDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    CDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | (follow ? 0 : O_NOFOLLOW)));
     if (!file.IsOpen() || ::fstat(file.Number(), &info) != 0) RaiseFor(errno, path);
     if (!S_ISREG(info.st_mode)) throw CRuntimeError(ErrorNumber::PathFileAccess);
     if (static_cast<std::uint64_t>(info.st_size) > kMaxFileSize) throw CRuntimeError(ErrorNumber::OutOfMemory);
@@ -221,7 +222,7 @@ void CopyFile(const std::string& from, const std::string& to) {
     if (source.exists && target.exists && source.device == target.device && source.inode == target.inode) {
         throw CRuntimeError(ErrorNumber::PathFileAccess);
     }
-    ReplaceFile(to, ReadWholeFile(from));
+    ReplaceFile(to, ReadWholeFile(from, Links::Refused));
 }
 
 void DeleteFile(const std::string& path) {

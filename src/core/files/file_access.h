@@ -15,8 +15,11 @@ namespace MFileAccess {
 /// Larger files are refused (error 7): no document comes near this, and a hostile one must not fill the memory.
 inline constexpr std::size_t kMaxFileSize = std::size_t{256} << 20;
 
-/// The whole content of a regular file.
-std::string ReadWholeFile(const std::string& path);
+/// Whether a path that ends in a link is followed or is error 75.
+enum class Links { Followed, Refused };
+
+/// The whole content of a regular file. Nothing else is opened: that alone can set a device going.
+std::string ReadWholeFile(const std::string& path, Links links = Links::Followed);
 
 /// Makes `content` the content of the file, whole or not at all: it is written beside the target, flushed to disk and
 /// renamed over it. A link is followed, and an existing file keeps its mode and owner. A target whose mode forbids
@@ -36,7 +39,8 @@ CFilePtr OpenEmpty(const std::string& path);
 /// Raises the run-time error for an `errno` that an operation on the file left.
 [[noreturn]] void RaiseFor(int error, const std::string& path);
 
-/// Copies a file's bytes by way of ReplaceFile. A file isn't copied onto itself: that is error 75.
+/// Copies a file's bytes by way of ReplaceFile. A file isn't copied onto itself, nor by way of a link that stands in
+/// its place: that is error 75.
 void CopyFile(const std::string& from, const std::string& to);
 
 /// Deletes a file; one that isn't there is error 53.

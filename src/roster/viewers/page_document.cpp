@@ -29,6 +29,11 @@ void CPageDocument::Fill(const CPageText& page) {
     setHtml(page.html);
 }
 
+void CPageDocument::SetLargestPicture(const QSizeF& size) {
+    pictures_.SetLargest(size);
+    markContentsDirty(0, characterCount());
+}
+
 // The toolkit itself would read style sheets and background pictures from any local file, pipes and devices too.
 QVariant CPageDocument::loadResource(int /*type*/, const QUrl& /*name*/) {
     return {};

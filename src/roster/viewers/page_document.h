@@ -12,6 +12,9 @@ class CPageDocument : public QTextDocument {
     explicit CPageDocument(QObject* parent = nullptr);
 
     void Fill(const CPageText& page);
+    bool HasPictures() const { return !pictures_.IsEmpty(); }
+    /// Reduces the pictures that are larger, in pixels at 96 dots per inch.
+    void SetLargestPicture(const QSizeF& size);
 
   protected:
     QVariant loadResource(int type, const QUrl& name) override;

@@ -9,12 +9,14 @@
 #include <algorithm>
 
 #include "controls/ansi_qt.h"
+#include "core/files/mounts.h"
 #include "core/files/platform.h"
 
 namespace {
 
-// In pixels at 96 dots per inch. A photograph as the camera made it must not push the units off the page.
-constexpr QSizeF kLargestPicture(480, 400);
+// Kept for all pictures of a page together, 128 MB.
+constexpr std::int64_t kMostPixels = std::int64_t{32} << 20;
+constexpr qsizetype kMostNames = 1000;
 
 double ScaleOf(const QTextDocument& document) {
     const QPaintDevice* device = document.documentLayout()->paintDevice();
@@ -28,29 +30,54 @@ std::string PathOf(const QString& name) {
 
 }  // namespace
 
-PicturePtr CPagePictures::Picture(const QTextImageFormat& format) {
-    const QString name = format.name();
-    const auto known = pictures_.constFind(name);
-    if (known != pictures_.constEnd()) return *known;
-    PicturePtr picture;
-    try {
+void CPagePictures::Clear() {
+    paths_.clear();
+    pictures_.clear();
+}
+
+// Looks which files the page names. They share the pixels that it may have: each takes at most an equal part of what
+// those before it have left.
+void CPagePictures::Index(const QTextDocument& document) {
+    for (const QTextFormat& format : document.allFormats()) {
+        const QString name = format.toImageFormat().name();
+        if (!format.isImageFormat() || paths_.contains(name)) continue;
+        if (paths_.size() >= kMostNames) break;
         const std::string path = PathOf(name);
-        picture = CPicture::Load(path.starts_with('/') ? path : MPlatform::InApplicationFolder(path));
-    } catch (const std::exception&) {
-        // Shown by its alternative text.
+        const std::string resolved =
+            MMounts::Resolve(path.starts_with('/') ? path : MPlatform::InApplicationFolder(path));
+        paths_.insert(name, resolved);
+        pictures_.emplace(resolved, std::nullopt);
     }
-    pictures_.insert(name, picture);
-    return picture;
+    pixelsLeft_ = kMostPixels;
+    picturesLeft_ = static_cast<std::int64_t>(pictures_.size());
+}
+
+PicturePtr CPagePictures::Picture(const QTextDocument& document, const QTextImageFormat& format) {
+    if (IsEmpty()) Index(document);
+    const auto path = paths_.constFind(format.name());
+    if (path == paths_.constEnd()) return nullptr;
+    std::optional<PicturePtr>& picture = pictures_[*path];
+    if (!picture) {
+        picture.emplace();
+        try {
+            picture = CPicture::Load(*path, pixelsLeft_ / picturesLeft_);
+            pixelsLeft_ -= (*picture)->PixelCount();
+        } catch (const std::exception&) {
+            // Shown by its alternative text.
+        }
+        --picturesLeft_;
+    }
+    return *picture;
 }
 
 QSizeF CPagePictures::intrinsicSize(QTextDocument* document, int /*position*/, const QTextFormat& format) {
     const QTextImageFormat image = format.toImageFormat();
     const double scale = ScaleOf(*document);
-    const PicturePtr picture = Picture(image);
+    const PicturePtr picture = Picture(*document, image);
     if (!picture) {
         const QFontMetricsF metrics(image.font(), document->documentLayout()->paintDevice());
         const QString text = image.stringProperty(QTextFormat::ImageAltText);
-        return {std::min(metrics.horizontalAdvance(text), kLargestPicture.width() * scale), metrics.height()};
+        return {std::min(metrics.horizontalAdvance(text), largest_.width() * scale), metrics.height()};
     }
     QSizeF size = picture->Size();
     const bool hasWidth = image.width() > 0;
@@ -62,8 +89,8 @@ QSizeF CPagePictures::intrinsicSize(QTextDocument* document, int /*position*/, c
     } else if (hasHeight) {
         size *= image.height() / size.height();
     }
-    if (size.width() > kLargestPicture.width() || size.height() > kLargestPicture.height()) {
-        size.scale(kLargestPicture, Qt::KeepAspectRatio);
+    if (size.width() > largest_.width() || size.height() > largest_.height()) {
+        size.scale(largest_, Qt::KeepAspectRatio);
     }
     return size * scale;
 }
@@ -71,7 +98,7 @@ QSizeF CPagePictures::intrinsicSize(QTextDocument* document, int /*position*/, c
 void CPagePictures::drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int /*position*/,
                                const QTextFormat& format) {
     const QTextImageFormat image = format.toImageFormat();
-    if (const PicturePtr picture = Picture(image)) {
+    if (const PicturePtr picture = Picture(*document, image)) {
         // Drawn in its own pixels: a printer's are much smaller.
         const double scale = ScaleOf(*document);
         painter->save();

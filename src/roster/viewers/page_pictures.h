@@ -3,27 +3,43 @@
 #include <QHash>
 #include <QObject>
 #include <QTextObjectInterface>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
 
 #include "controls/picture.h"
 
 class QTextDocument;
 class QTextImageFormat;
 
-/// Draws the pictures of pages. They come from plain paths only, relative ones in the application folder; each is read
-/// once. A picture that can't be read shows its alternative text.
+/// Draws the pictures of pages, in their own size. They come from plain paths only, relative ones in the application
+/// folder; each file is read once, whatever names the page has for it. Where their pixels are too many together, fewer
+/// of each are kept. A picture that can't be read shows its alternative text.
 class CPagePictures : public QObject, public QTextObjectInterface {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
   public:
     /// Forgets the pictures read so far.
-    void Clear() { pictures_.clear(); }
+    void Clear();
+    /// Reduces what is larger, in pixels at 96 dots per inch.
+    void SetLargest(const QSizeF& size) { largest_ = size; }
+    bool IsEmpty() const { return paths_.isEmpty(); }
 
     QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
     void drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int position,
                     const QTextFormat& format) override;
 
   private:
-    PicturePtr Picture(const QTextImageFormat& format);
+    void Index(const QTextDocument& document);
+    PicturePtr Picture(const QTextDocument& document, const QTextImageFormat& format);
 
-    QHash<QString, PicturePtr> pictures_;
+    // The layout can't count much further than a cell full of such pictures.
+    static constexpr double kLongestSide = 20'000;
+
+    QSizeF largest_{kLongestSide, kLongestSide};
+    QHash<QString, std::string> paths_;                                    // by the names on the page
+    std::unordered_map<std::string, std::optional<PicturePtr>> pictures_;  // by path; none until it is read
+    std::int64_t pixelsLeft_ = 0;
+    std::int64_t picturesLeft_ = 0;
 };

@@ -33,6 +33,17 @@ bool IsBold(const QTextBlock& block) {
     return true;
 }
 
+// A squad's row is headed by its name, a roster's title by a larger one.
+bool HeadsSquad(const QTextFrame& table) {
+    constexpr int kSquadLevel = 3;
+    for (auto it = table.begin(); !it.atEnd(); ++it) {
+        const QTextBlock block = it.currentBlock();
+        if (block.isValid() && !block.text().trimmed().isEmpty())
+            return block.blockFormat().headingLevel() == kSquadLevel;
+    }
+    return false;
+}
+
 }  // namespace
 
 void CPagePrint::Darken(QTextDocument& document) {
@@ -84,10 +95,12 @@ std::vector<CPagePrint::SPart> CPagePrint::PartsOf(const QTextDocument& document
             area = layout->frameBoundingRect(frame);
             part.first = document.findBlock(frame->firstPosition());
             part.last = document.findBlock(frame->lastPosition());
+            part.squad = HeadsSquad(*frame);
         } else {
             area = layout->blockBoundingRect(it.currentBlock());
             part.first = part.last = it.currentBlock();
             part.empty = part.first.text().trimmed().isEmpty();
+            part.rule = part.first.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth);
         }
         part.top = area.top();
         part.bottom = area.bottom();
@@ -101,55 +114,111 @@ std::vector<CPagePrint::SPart> CPagePrint::PartsOf(const QTextDocument& document
     return parts;
 }
 
-// Where a part is taller than a sheet, at least no line of it is cut.
-double CPagePrint::CutBetweenLines(const QTextDocument& document, const std::vector<SPart>& parts,
-                                   const SSheet& sheet) {
+std::vector<CPagePrint::SSheet> CPagePrint::LinesOf(const QTextDocument& document, const SPart& part) {
     const QAbstractTextDocumentLayout* layout = document.documentLayout();
-    double cut = sheet.bottom;
-    for (const SPart& part : parts) {
-        if (part.bottom <= sheet.top || part.top >= sheet.bottom) continue;
-        for (QTextBlock block = part.first; block.isValid(); block = block.next()) {
-            const double top = layout->blockBoundingRect(block).top();
-            for (int i = 0; i < block.layout()->lineCount(); ++i) {
-                const QRectF line = block.layout()->lineAt(i).rect().translated(0, top);
-                if (line.top() < sheet.bottom && line.bottom() > sheet.bottom) cut = std::min(cut, line.top());
-            }
-            if (block == part.last) break;
+    std::vector<SSheet> lines;
+    for (QTextBlock block = part.first; block.isValid(); block = block.next()) {
+        const double top = layout->blockBoundingRect(block).top();
+        for (int i = 0; i < block.layout()->lineCount(); ++i) {
+            const QRectF line = block.layout()->lineAt(i).rect().translated(0, top);
+            lines.push_back({line.top(), line.bottom()});
         }
+        if (block == part.last) break;
     }
-    return cut > sheet.top ? cut : sheet.bottom;
+    std::sort(lines.begin(), lines.end(), [](const SSheet& a, const SSheet& b) { return a.top < b.top; });
+    return lines;
+}
+
+// Where a part is taller than a sheet, at least no line of it is cut.
+double CPagePrint::CutBetweenLines(const std::vector<SSheet>& lines, const SSheet& sheet) {
+    const auto topIs = [](const SSheet& line, double top) { return line.top < top; };
+    auto line = std::lower_bound(lines.begin(), lines.end(), sheet.top, topIs);
+    for (; line != lines.end() && line->top < sheet.bottom; ++line) {
+        if (line->bottom > sheet.bottom) return line->top > sheet.top ? line->top : sheet.bottom;
+    }
+    return sheet.bottom;
+}
+
+// Settles which parts may stand first on a sheet: neither what belongs to a heading before it, nor a member of a squad
+// that fits on one sheet. Of a squad too tall for that, the squads in it are kept together.
+void CPagePrint::Group(std::vector<SPart>& parts, double height) {
+    // By part, from behind: where the squad that it heads ends, and where the first squad in that one begins.
+    std::vector<std::size_t> end(parts.size());
+    std::vector<std::size_t> inner(parts.size());
+    for (std::size_t i = parts.size(), rule = i, squad = i; i-- > 0;) {
+        if (parts[i].rule) rule = squad = i;
+        end[i] = rule;
+        inner[i] = squad;
+        if (parts[i].squad) squad = i;
+    }
+    const SPart* before = nullptr;
+    const SPart* first = nullptr;  // of what the part before belongs to
+    std::size_t together = 0;      // up to which part a squad is kept together
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        SPart& part = parts[i];
+        if (part.empty) continue;
+        part.begins = i >= together && (before == nullptr || !before->heading);
+        if (part.begins) first = &part;
+        if (part.squad && i >= together) {
+            const auto fits = [&](const SPart& top, std::size_t behind) {
+                return parts[behind - 1].bottom - top.top <= height;
+            };
+            together = fits(part, end[i]) ? end[i] : fits(part, inner[i]) ? inner[i] : i;
+            // A title stays behind where it would not let the squad be whole.
+            if (together > i && !fits(*first, together)) part.begins = true;
+        }
+        before = &part;
+    }
 }
 
 std::vector<CPagePrint::SSheet> CPagePrint::Paginate(const QTextDocument& document, double height) {
-    const std::vector<SPart> parts = PartsOf(document);
+    std::vector<SPart> parts = PartsOf(document);
+    Group(parts, height);
     std::vector<SSheet> sheets;
     SSheet sheet{0, height};
     double candidate = 0;  // top of the last part at which a sheet may begin
     double content = 0;    // bottom of what stands before it
     double filled = 0;     // bottom of the last part that isn't empty
-    bool keep = true;      // what stood last belongs to what follows
     for (const SPart& part : parts) {
         if (part.empty) continue;
-        if (!keep) {
+        if (part.begins) {
             candidate = part.top;
             content = filled;
         }
+        std::vector<SSheet> lines;
         while (part.bottom > sheet.top + height) {
             if (candidate > sheet.top) {
                 sheets.push_back({sheet.top, content});
                 sheet.top = candidate;
             } else {
                 sheet.bottom = sheet.top + height;
-                const double cut = CutBetweenLines(document, parts, sheet);
+                if (lines.empty()) lines = LinesOf(document, part);
+                const double cut = CutBetweenLines(lines, sheet);
                 sheets.push_back({sheet.top, cut});
                 sheet.top = candidate = cut;
             }
         }
         filled = part.bottom;
-        keep = part.heading;
     }
     sheets.push_back({sheet.top, std::max(filled, sheet.top)});
     return sheets;
+}
+
+// Lays the page out in the width of a sheet, with the pictures reduced until they leave it room for the rest of their
+// rows.
+void CPagePrint::FitPictures(CPageDocument& document, const QSizeF& room) {
+    const double dot = document.documentLayout()->paintDevice()->logicalDpiX() / 96.0;
+    constexpr int kMostTries = 4;
+    constexpr double kRow = 0.95;  // of a sheet, the rest being the room around a cell
+    QSizeF largest(room.width() / dot, room.height() / dot * kRow);
+    document.setTextWidth(room.width());
+    if (!document.HasPictures()) return;
+    document.SetLargestPicture(largest);
+    for (int i = 0; i < kMostTries && document.size().width() > room.width(); ++i) {
+        const double excess = (document.size().width() - room.width()) / dot;
+        largest.setWidth(std::max(largest.width() - excess, room.width() / dot / 4));
+        document.SetLargestPicture(largest);
+    }
 }
 
 QString CPagePrint::TitleOf(const QTextDocument& document) {
@@ -171,6 +240,7 @@ void CPagePrint::Print(QPrinter& printer) {
 
     CPageDocument document;
     document.documentLayout()->setPaintDevice(&printer);
+    document.SetLargestPicture(QSizeF(area.width(), area.height()) / kScale * 96 / printer.logicalDpiX());
     document.Fill(page_);
     document.setDocumentMargin(0);
     QTextCursor changes(&document);
@@ -179,7 +249,7 @@ void CPagePrint::Print(QPrinter& printer) {
     Widen(document);
     changes.endEditBlock();
     double scale = kScale;
-    document.setTextWidth(area.width() / scale);
+    FitPictures(document, QSizeF(area.width(), area.height() - footer) / scale);
     // A row that can't be made as narrow as the sheet is printed smaller.
     const double wanted = document.size().width();
     if (wanted > area.width() / scale) {

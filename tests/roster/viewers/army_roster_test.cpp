@@ -75,7 +75,10 @@ TEST_F(ViewersTest, SavingCopiesThePageOrNothing) {
 
     platform_.ExpectSave(page);
     platform_.ExpectBox(BoxKind::Warning, BoxButtons::Ok, "File name not valid. Please choose a different file name.");
-    platform_.ExpectSave(folder_ / "third.html", [&](const CFileDialog&) { fs::remove(page); });
+    platform_.ExpectSave(folder_ / "third.html", [&](const CFileDialog&) {
+        fs::remove(page);
+        fs::create_symlink(folder_ / "old.html", page);
+    });
     Click(form_, QStringLiteral("cmdSaveAs"));
     EXPECT_FALSE(fs::exists(folder_ / "third.html"));
 }
