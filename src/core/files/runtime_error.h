@@ -33,7 +33,6 @@ enum class ErrorNumber {
 class CRuntimeError : public std::runtime_error {
   public:
     explicit CRuntimeError(ErrorNumber number);
-    /// Names the file that it is about on a second line of `what`.
     CRuntimeError(ErrorNumber number, const std::string& file);
     /// The same error, with the file that it is about.
     CRuntimeError About(const std::string& file) const { return {number_, file}; }
