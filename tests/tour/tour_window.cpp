@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <algorithm>
 
 #include "controls/ansi_qt.h"
 #include "controls/choice_list.h"
@@ -23,6 +24,18 @@ QString TextOf(QWidget& control) {
     if (auto* frame = dynamic_cast<QXFrame*>(&control)) return FromAnsi(frame->Caption());
     if (auto* text = dynamic_cast<QLabel*>(&control)) return text->text();
     return "(no text)";
+}
+
+// Letters that the test library has no key for come as from an input method.
+void TypeInto(QLineEdit& edit, const QString& text) {
+    const bool plain = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 128; });
+    if (plain) {
+        QTest::keyClicks(&edit, text);
+        return;
+    }
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(&edit, &event);
 }
 
 }  // namespace
@@ -98,7 +111,7 @@ CTourWindow::Self CTourWindow::Type(const QString& field, const QString& text) c
         guide_.Pause([&edit] { return edit.hasFocus(); });
         guide_.Check(edit.hasFocus(), QString("%1.%2 takes no keys").arg(name_, field));
         edit.selectAll();
-        QTest::keyClicks(&edit, text);
+        TypeInto(edit, text);
     });
 }
 
