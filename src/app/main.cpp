@@ -36,6 +36,8 @@ int main(int argc, char** argv) {
 
     CQtPlatform platform;
     MPlatform::Install(&platform);
-    if (const std::unique_ptr<CForm> console = MApp::Main()) console->Run();
+    const std::unique_ptr<CForm> console = MApp::Main();
+    if (console == nullptr) return 1;
+    console->Run();
     return 0;
 }

@@ -9,7 +9,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -258,12 +257,6 @@ void CForm::ReportError(const CRuntimeError& error) {
     } catch (...) {
         qCritical("%s (%s)", error.what(), CurrentRuntimeError().what());
     }
-}
-
-void CForm::Later(std::function<void()> handler, int milliseconds) {
-    QTimer::singleShot(milliseconds, this, [this, handler = std::move(handler)] {
-        if (loaded_) Handle(handler);
-    });
 }
 
 void CForm::MouseMove(IControl* /*control*/) {}

@@ -68,9 +68,6 @@ class CForm : public QDialog {
     /// The one place where an event enters a handler. Forgets the last error, runs `handler`, and shows an error that
     /// it lets out as a critical box. Nothing is thrown.
     void Handle(const std::function<void()>& handler);
-    /// Runs `handler` through `Handle` as soon as the events at hand are done, or after a time; never once the form has
-    /// been unloaded.
-    void Later(std::function<void()> handler, int milliseconds = 0);
 
     /// The button closes the form as its X does, also while the form waits for just that.
     void SetCloseButton(QAbstractButton& button);

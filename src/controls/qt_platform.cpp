@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr CAppVersion kVersion{2, 2, 0};
+constexpr CAppVersion kVersion{VDTOOLS2_VERSION};
 constexpr int kShellDone = 42;
 constexpr int kShellNoProgram = 31;
 

@@ -75,12 +75,8 @@ void SetArmyRosterFile(const std::string& path) {
 }
 
 CSuppTables& SuppTables() {
-    if (!HasSuppTables()) throw CRuntimeError(ErrorNumber::ObjectNotSet, SuppTablesFile());
+    if (State().suppTables == nullptr) throw CRuntimeError(ErrorNumber::ObjectNotSet, SuppTablesFile());
     return *State().suppTables;
-}
-
-bool HasSuppTables() {
-    return State().suppTables != nullptr;
 }
 
 CArmyTables& ArmyTables() {

@@ -30,7 +30,6 @@ void SetArmyRosterFile(const std::string& path);
 
 /// Error 91, which names their file, where the rule tables couldn't be loaded.
 CSuppTables& SuppTables();
-bool HasSuppTables();
 CArmyTables& ArmyTables();
 CArmyList& ArmyList();
 CArmyRoster& ArmyRoster();
