@@ -307,6 +307,8 @@ void CMarkupWriter::Weigh(qsizetype weight) {
 void CMarkupWriter::Text(QStringView text) {
     if (text.isEmpty()) return;
     if (!text.trimmed().isEmpty()) {
+        // This toolkit would drop what stands in a table and in none of its cells.
+        if (!IsInCell()) BeginCell(*Find(kElements, u"td"), {});
         cellEmpty_ = false;
         lineEmpty_ = false;
         break_ = -1;

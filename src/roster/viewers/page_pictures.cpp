@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPainter>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QUrl>
 #include <algorithm>
@@ -17,10 +18,22 @@ namespace {
 // Kept for all pictures of a page together, 128 MB.
 constexpr std::int64_t kMostPixels = std::int64_t{32} << 20;
 constexpr qsizetype kMostNames = 1000;
+// Of all pictures one below the other, in pixels of the device: beyond some eight million the layout never ends.
+constexpr double kTallest = 4'000'000;
 
 double ScaleOf(const QTextDocument& document) {
     const QPaintDevice* device = document.documentLayout()->paintDevice();
     return device != nullptr ? device->logicalDpiX() / 96.0 : 1;
+}
+
+int PicturesIn(const QTextDocument& document) {
+    int count = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            if (it.fragment().charFormat().isImageFormat()) count += it.fragment().length();
+        }
+    }
+    return count;
 }
 
 std::string PathOf(const QString& name) {
@@ -48,6 +61,7 @@ void CPagePictures::Index(const QTextDocument& document) {
         paths_.insert(name, resolved);
         pictures_.emplace(resolved, std::nullopt);
     }
+    tallest_ = kTallest / ScaleOf(document) / std::max(PicturesIn(document), 1);
     pixelsLeft_ = kMostPixels;
     picturesLeft_ = static_cast<std::int64_t>(pictures_.size());
 }
@@ -89,9 +103,8 @@ QSizeF CPagePictures::intrinsicSize(QTextDocument* document, int /*position*/, c
     } else if (hasHeight) {
         size *= image.height() / size.height();
     }
-    if (size.width() > largest_.width() || size.height() > largest_.height()) {
-        size.scale(largest_, Qt::KeepAspectRatio);
-    }
+    const QSizeF largest = largest_.boundedTo(QSizeF(kLongestSide, tallest_));
+    if (size.width() > largest.width() || size.height() > largest.height()) size.scale(largest, Qt::KeepAspectRatio);
     return size * scale;
 }
 

@@ -15,7 +15,8 @@ class QTextImageFormat;
 
 /// Draws the pictures of pages, in their own size. They come from plain paths only, relative ones in the application
 /// folder; each file is read once, whatever names the page has for it. Where their pixels are too many together, fewer
-/// of each are kept. A picture that can't be read shows its alternative text.
+/// of each are kept; where they would be taller together than the layout counts, they are shown smaller. A picture that
+/// can't be read shows its alternative text.
 class CPagePictures : public QObject, public QTextObjectInterface {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
@@ -42,4 +43,5 @@ class CPagePictures : public QObject, public QTextObjectInterface {
     std::unordered_map<std::string, std::optional<PicturePtr>> pictures_;  // by path; none until it is read
     std::int64_t pixelsLeft_ = 0;
     std::int64_t picturesLeft_ = 0;
+    double tallest_ = kLongestSide;  // of each picture, for the sake of all that are shown
 };

@@ -20,6 +20,8 @@ constexpr double kFooter = 8;   // millimetres at the foot of a sheet
 constexpr double kScale = 0.8;  // a sheet is narrower than a window
 constexpr double kSmallestScale = 0.4;
 constexpr double kReadable = 7;
+// In pixels of the device. Where a layout without pages reaches some eight million of them it never ends.
+constexpr double kTallestPage = 4'000'000;
 
 double Pixels(double millimetres, int dotsPerInch) {
     return millimetres / 25.4 * dotsPerInch;
@@ -204,6 +206,11 @@ std::vector<CPagePrint::SSheet> CPagePrint::Paginate(const QTextDocument& docume
     return sheets;
 }
 
+// The pages of this layout are no sheets: the longest documents alone have a second one.
+void CPagePrint::LayOut(QTextDocument& document, double width) {
+    document.setPageSize(QSizeF(width, kTallestPage));
+}
+
 // Lays the page out in the width of a sheet, with the pictures reduced until they leave it room for the rest of their
 // rows.
 void CPagePrint::FitPictures(CPageDocument& document, const QSizeF& room) {
@@ -211,7 +218,7 @@ void CPagePrint::FitPictures(CPageDocument& document, const QSizeF& room) {
     constexpr int kMostTries = 4;
     constexpr double kRow = 0.95;  // of a sheet, the rest being the room around a cell
     QSizeF largest(room.width() / dot, room.height() / dot * kRow);
-    document.setTextWidth(room.width());
+    LayOut(document, room.width());
     if (!document.HasPictures()) return;
     document.SetLargestPicture(largest);
     for (int i = 0; i < kMostTries && document.size().width() > room.width(); ++i) {
@@ -254,7 +261,7 @@ void CPagePrint::Print(QPrinter& printer) {
     const double wanted = document.size().width();
     if (wanted > area.width() / scale) {
         scale = std::max(kSmallestScale, area.width() / wanted);
-        document.setTextWidth(area.width() / scale);
+        LayOut(document, area.width() / scale);
     }
 
     const std::vector<SSheet> sheets = Paginate(document, (area.height() - footer) / scale);

@@ -38,6 +38,7 @@ class CPagePrint : public CPrintJob {
 
     static void Darken(QTextDocument& document);
     static void Widen(QTextDocument& document);
+    static void LayOut(QTextDocument& document, double width);
     static void FitPictures(CPageDocument& document, const QSizeF& room);
     static std::vector<SPart> PartsOf(const QTextDocument& document);
     static std::vector<SSheet> LinesOf(const QTextDocument& document, const SPart& part);
