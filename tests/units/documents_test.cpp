@@ -116,6 +116,9 @@ TEST_F(DocumentTest, OldDocumentsAreImported) {
     EXPECT_EQ(list.ArmyUnits().Item("squad").EquippedPointCost(), 8);
     EXPECT_TRUE(list.WriteInfo(folder_ / "out") && list.ReadInfo(folder_ / "out"));
     EXPECT_EQ(list.ArmyUnits().Item("guard").EquippedPointCost(), 12.5);
+    ASSERT_TRUE(list.ImportInfoV1(Save("l", Changed(kListV1, "Guard", "*not_found*"))));
+    EXPECT_TRUE(list.WriteInfo(folder_ / "out") && list.ReadInfo(folder_ / "out")) << "with a name that reads as none";
+    EXPECT_EQ(list.ArmyUnits().Count(), 2);
 
     CArmyRoster roster;
     ASSERT_TRUE(roster.ImportInfoV1(Save("r", kRosterV1)));

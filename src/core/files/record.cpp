@@ -43,7 +43,9 @@ std::int16_t CRecord::ImportIdentity(CSequentialInput& file) {
     const std::int16_t recordVersion = file.ReadInt16();
     file.ReadText();
     file.ReadInt16();
-    SetName(file.ReadText());
+    // A name that a file takes for none would make all of the document unreadable.
+    const std::string name = file.ReadText();
+    SetName(MFileFormat::AsFileGivesBack(name).empty() ? "" : name);
     descr_ = file.ReadText();
     return recordVersion;
 }
