@@ -192,7 +192,7 @@ TEST_F(GlobalTest, OneUpdateCopiesSoMuchAndLeavesNothingHalfMade) {
     CUnitList& roster = MGlobal::ArmyRoster().ArmyUnits();
     for (int i = 0; i < 6'667; ++i)
         roster.Add(Summary(CGenUnit::Single, "Guard"));
-    EXPECT_EQ(ErrorOf([] { MGlobal::SyncRosterWithArmyList(); }), 7);
+    EXPECT_EQ(ErrorOf([] { MGlobal::SyncRosterWithArmyList(); }), 7) << "more than 200,000 items";
     for (const std::int32_t entry : {6'666, 6'667})
         EXPECT_EQ(roster.Item(entry).AsUnit()->EqList().Count(), entry == 6'666 ? 30 : 0) << "entry " << entry;
     roster.Remove(6'667);
