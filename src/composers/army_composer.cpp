@@ -138,6 +138,6 @@ void FArmyComposer::ShowPage(FArmyRoster& viewer) {
 
 void FArmyComposer::cmdSaveChanges_Click() {
     if (MPlatform::Ask("Save changes to file?")) SaveDocument("Error while saving army roster.");
-    SetModified(false);  // until the form closes, if the list still waits to be saved
+    SetModified(false);  // comes back at closing, where the list still waits to be saved
     EditState = 0;
 }

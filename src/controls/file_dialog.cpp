@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -83,7 +84,8 @@ CFileWindow::CFileWindow(QWidget* owner, const CFileDialog& settings, bool save)
       save_(save),
       flags_(settings.Flags),
       extensions_(Extensions(settings)),
-      nameField_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+      nameField_(findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))),
+      list_(findChild<QAbstractItemView*>(QStringLiteral("listView"))) {
     const QString title = ForDisplay(FromUtf8(settings.DialogTitle));
     setWindowTitle(!title.isEmpty() ? title : QString::fromLatin1(save ? "Save As" : "Open"));
     setAcceptMode(save ? AcceptSave : AcceptOpen);
@@ -99,8 +101,7 @@ CFileWindow::CFileWindow(QWidget* owner, const CFileDialog& settings, bool save)
     // The toolkit takes quotes in the text for the ends of several names, selects the files that it finds under them,
     // and writes these into the field.
     disconnect(nameField_, &QLineEdit::textChanged, this, nullptr);
-    connect(nameField_, &QLineEdit::textEdited, this,
-            [this] { findChild<QAbstractItemView*>(QStringLiteral("listView"))->clearSelection(); });
+    connect(nameField_, &QLineEdit::textEdited, list_, &QAbstractItemView::clearSelection);
     connect(nameField_, &QLineEdit::textChanged, this, [this](const QString& name) {
         const auto button = save_ ? QDialogButtonBox::Save : QDialogButtonBox::Open;
         findChild<QDialogButtonBox*>()->button(button)->setEnabled(!name.isEmpty());
@@ -155,7 +156,18 @@ QString CFileWindow::ObjectionTo(const QString& path) const {
     return {};
 }
 
+// A folder that was chosen in the list since a name was typed; the button then says "Open", whatever it says else.
+QString CFileWindow::ChosenFolder() const {
+    const QModelIndexList rows = list_->selectionModel()->selectedRows();
+    const QString path = rows.isEmpty() ? QString() : rows.first().data(QFileSystemModel::FilePathRole).toString();
+    return IsFolder(path) ? path : QString();
+}
+
 void CFileWindow::accept() {
+    if (const QString folder = ChosenFolder(); !folder.isEmpty()) {
+        setDirectory(folder);
+        return;
+    }
     const QString typed = Typed();
     if (typed.isEmpty()) return;
     const QString path = WithExtension(typed);

@@ -7,6 +7,7 @@
 
 #include "core/files/platform.h"
 
+class QAbstractItemView;
 class QLineEdit;
 
 /// The toolkit's file dialog with this program's rules for names: what is typed is one name, taken as it stands.
@@ -23,6 +24,7 @@ class CFileWindow : public QFileDialog {
   private:
     void OpenOn(const CFileDialog& settings);
     QString InFolder(const QString& name) const;
+    QString ChosenFolder() const;
     QString Typed() const;
     QString WithExtension(const QString& path) const;
     /// Why the path can't be chosen; nothing where it can.
@@ -33,6 +35,7 @@ class CFileWindow : public QFileDialog {
     std::uint32_t flags_;
     QStringList extensions_;
     QLineEdit* nameField_;
+    QAbstractItemView* list_;
     QString chosen_;
 };
 

@@ -154,13 +154,13 @@ TEST_F(ArmyComposerTest, SaveTakesTheMarkAwayAndClosingBringsBackWhatIsNotSaved)
         {true, "roster", "lstUnits##1", ""},
         {false, "roster", "lstUnits##1", "1"},
         {true, "none/r", "lstUnits##1", "1"},
-        {false, "roster", "", ""},
+        {false, "roster", "", "1"},
         {true, "none/r", "", "1"},
     };
     for (const auto& [yes, file, actions, marked] : kCases) {
+        MGlobal::SetFileModified(MGlobal::ArmyRosterDocument, true);
         OpenOn({});
         const std::string before = ReadBytes(folder_ / "roster");
-        MGlobal::SetFileModified(MGlobal::ArmyRosterDocument, true);
         Do(actions);
         const bool saved = yes && file == std::string("roster");
         MGlobal::SetArmyRosterFile(folder_ / file);

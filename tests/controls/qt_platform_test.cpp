@@ -16,6 +16,7 @@
 #include <QTest>
 #include <QTimer>
 #include <array>
+#include <filesystem>
 #include <optional>
 
 #include "support/core_test.h"
@@ -144,6 +145,23 @@ TEST_F(FileDialog, ObjectsInPlainTextOrGivesTheWholePath) {
         });
         EXPECT_EQ(dialog_.FileName, test.result);
         EXPECT_EQ(told, test.objection);
+    }
+}
+
+TEST_F(FileDialog, EntersAFolderThatIsChosenInTheListUnlessANameIsTypedAfterwards) {
+    std::filesystem::create_directory(folder_ / "sub");
+    for (const auto& [typed, result] : {std::pair("", "sub/old.v2l"), {"x", "x.v2l"}}) {
+        dialog_.FileName = "old";
+        Show(true, [typed = typed](QFileDialog& window, QLineEdit& name) {
+            auto& view = *window.findChild<QAbstractItemView*>(QStringLiteral("treeView"));
+            const auto first = [&view] { return view.model()->index(0, 0, view.rootIndex()); };
+            ASSERT_TRUE(QTest::qWaitFor([&] { return first().data() == QStringLiteral("sub"); }));
+            view.setCurrentIndex(first());
+            QTest::keyClicks(&name, QString::fromLatin1(typed));
+            for (int presses = 0; presses < 2 && window.isVisible(); ++presses)
+                QMetaObject::invokeMethod(&window, "accept");
+        });
+        EXPECT_EQ(dialog_.FileName, folder_ / result) << "typed behind the choice of a folder: " << typed;
     }
 }
 

@@ -34,7 +34,7 @@ void FEditForm::Form_Load() {
     Menu.ShowPictures(*GuiHandler);
     tedName.SetMaxLength(kNameLength);
     tedDescr.SetMaxLength(kDescrLength);
-    NoteListInStep();
+    listUnsaved_ = MGlobal::IsFileModified(document_);
 }
 
 void FEditForm::Form_Activate() {
@@ -49,8 +49,11 @@ bool FEditForm::QueryUnload() {
 
 bool FEditForm::SaveDocument(const char* failure) {
     const bool saved = WriteDocument();
-    listUnsaved_ = !saved && (listUnsaved_ || MGlobal::IsFileModified(document_));
-    if (!saved) MPlatform::ShowWarning(failure);
+    if (saved) {
+        NoteListInStep();
+    } else {
+        MPlatform::ShowWarning(failure);
+    }
     return saved;
 }
 

@@ -13,7 +13,7 @@
 
 /// What makers and composers have in common: the menu panel, the name and the description of what they edit, and the
 /// working document that a change belongs to. A form that closes with a change in hand marks its document as modified,
-/// and so does one whose list has changed since it opened or was last saved, whatever became of its edit state.
+/// and so does one whose list has changed since it was last saved, whatever became of its edit state and of the mark.
 class FEditForm : public CForm {
   public:
     FEditForm(const char* formName, const char* caption, MGlobal::Document document);
@@ -43,8 +43,7 @@ class FEditForm : public CForm {
     void NoteListChange() { listUnsaved_ = true; }
     /// List and file are the same again.
     void NoteListInStep() { listUnsaved_ = false; }
-    /// False after a warning. What was unsaved then marks the document when the form closes, even if the mark goes
-    /// meanwhile.
+    /// False after a warning.
     bool SaveDocument(const char* failure);
     /// The user has changed something; what the form itself writes into its controls doesn't count.
     void MarkEdited() {
@@ -66,5 +65,5 @@ class FEditForm : public CForm {
     void tedDescr_Change();
 
     MGlobal::Document document_;
-    bool listUnsaved_ = false;
+    bool listUnsaved_ = false;  ///< also from before the form opened
 };
