@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QStyleHints>
+#include <utility>
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>
+#include <cstdint>
 
 class QMouseEvent;
 

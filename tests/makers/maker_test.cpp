@@ -191,7 +191,8 @@ TEST_F(MakerFrameTest, AWalkWithoutAnEndLastsUntilTheFormIsClosed) {
     int tries = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        EXPECT_TRUE(platform_.Busy && !Control("tedName").isEnabled() && !Control(kNew).isEnabled()) << "looks alive";
+        EXPECT_TRUE(platform_.Busy && !Control("tedName").isEnabled() && !Control(kNew).isEnabled())
+            << "a walk that finds nothing leaves the form alive, or the pointer idle";
         WarnWithCancel(kCannot, ++tries == 1 ? Cancel : Ok);
         Do("cmdExit");
         EXPECT_EQ(form_->Visible(), tries == 1);  // a refusal lets it go on
@@ -201,7 +202,8 @@ TEST_F(MakerFrameTest, AWalkWithoutAnEndLastsUntilTheFormIsClosed) {
     Do("cmdNext");
     EXPECT_EQ(Text("tedName") + TakeMarks(), "Gamma2");
     EXPECT_EQ(tries, 2);
-    EXPECT_TRUE(!platform_.Busy && Control("tedName").isEnabled() && !Control(kSave).isEnabled()) << "not as before";
+    EXPECT_TRUE(!platform_.Busy && Control("tedName").isEnabled() && !Control(kSave).isEnabled())
+        << "the closing doesn't leave the form as it was before the walk";
 }
 
 }  // namespace

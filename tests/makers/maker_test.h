@@ -188,7 +188,7 @@ class MakerTest : public CoreTest {
         TakeMarks();
         Do("cmdExit");
         EXPECT_FALSE(form_->Visible());
-        EXPECT_EQ(TakeMarks(), marked);
+        EXPECT_EQ(TakeMarks(), marked) << "documents that the closing marks as modified";
         platform_.Verify();
     }
 
