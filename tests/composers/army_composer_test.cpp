@@ -158,6 +158,7 @@ TEST_F(ArmyComposerTest, SaveTakesTheMarkAwayAndClosingBringsBackWhatIsNotSaved)
         {true, "none/r", "", "1"},
     };
     for (const auto& [yes, file, actions, marked] : kCases) {
+        SCOPED_TRACE((yes ? "Yes, " : "No, ") + std::string(file) + (*actions != 0 ? ", changed" : ", as it was"));
         MGlobal::SetFileModified(MGlobal::ArmyRosterDocument, true);
         OpenOn({});
         const std::string before = ReadBytes(folder_ / "roster");
