@@ -31,9 +31,8 @@ QXChoiceList::QXChoiceList(CForm* form, const char* name, std::optional<int> ind
     setMaxVisibleItems(16);
     const auto look = [this](const QModelIndex&, bool selected) {
         const QColor ground = ToQColor(listWindowBackColor_);
-        const QColor text = ReadableOn(ground, Fore(), 4.5);
-        return selected ? CRowDelegate::SColours{text, ReadableOn(text, ground, 4.5)}
-                        : CRowDelegate::SColours{ground, text};
+        const QColor text = ReadableOn(ground, Fore());
+        return selected ? SInk{ReadableOn(text, ground), text} : SInk{text, ground};
     };
     view()->setItemDelegate(std::make_unique<CRowDelegate>(view(), look, [] { return 25; }).release());
     auto* layout = qobject_cast<QBoxLayout*>(view()->parentWidget()->layout());
@@ -144,7 +143,7 @@ void QXChoiceList::LookChanged() {
     setFont(LookFont());
     view()->setFont(LookFont());
     const QColor ground = ToQColor(listWindowBackColor_);
-    QPalette window = MPainting::FieldPalette(ground, ReadableOn(ground, Fore(), 4.5), ToQColor(Form().BackColor()));
+    QPalette window = MPainting::FieldPalette(ground, ReadableOn(ground, Fore()), ToQColor(Form().BackColor()));
     window.setColor(QPalette::Window, ground);
     view()->parentWidget()->setPalette(window);
     view()->setPalette(window);
@@ -153,7 +152,7 @@ void QXChoiceList::LookChanged() {
         const QColor head = ToQColor(Form().BackColor());
         QPalette palette = window;
         palette.setColor(QPalette::Window, head);
-        palette.setColor(QPalette::WindowText, ReadableOn(head, ToQColor(promptFontColor_), 4.5));
+        palette.setColor(QPalette::WindowText, ReadableOn(head, ToQColor(promptFontColor_)));
         prompt_->setPalette(palette);
         prompt_->setFont(MFonts::Make(FontName(), promptFontSize_, FontBold()));
     }
@@ -175,7 +174,7 @@ void QXChoiceList::paintEvent(QPaintEvent* /*event*/) {
     mark.addPolygon(QPolygonF({middle + QPointF(-6, -3.5), middle + QPointF(6, -3.5), middle + QPointF(0, 4.5)}));
     painter.fillPath(mark, ReadableOn(face, isEnabled() ? Mix(ground, Qt::black, 0.5) : text, 3));
     MPainting::DrawCaption(painter, QRectF(8, 0, width() - kButtonWidth - 12, height()), ForDisplay(text_), font(),
-                           text, ground, Qt::AlignLeft | Qt::AlignVCenter);
+                           text, ground, Qt::AlignLeft | Qt::AlignVCenter, 1);
     if (hasFocus()) MPainting::DrawBorder(painter, rect(), Mix(Fore(), Back(), 0.25), 1);
 }
 

@@ -93,9 +93,8 @@ QXEditList::QXEditList(CForm* form, const char* name, std::optional<int> index) 
     setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     setColumnWidth(0, 64);
     const auto look = [this](const QModelIndex& at, bool selected) {
-        if (!selected && at.column() == 0)
-            return CRowDelegate::SColours{ToQColor(tagBackColor_), ToQColor(tagForeColor_)};
-        return RowColours(selected);
+        return selected || at.column() != 0 ? RowColours(selected)
+                                            : SInk{ToQColor(tagForeColor_), ToQColor(tagBackColor_)};
     };
     const auto height = [this] { return rowHeight_ > 0 ? rowHeight_ : kRowHeight; };
     setItemDelegate(std::make_unique<CTagDelegate>(this, look, height).release());  // the list's, as its child
@@ -157,10 +156,10 @@ void QXEditList::SetTagToolTipText(std::string_view text) {
 bool QXEditList::edit(const QModelIndex& /*index*/, EditTrigger trigger, QEvent* event) {
     const QModelIndex tag = model()->index(ListIndex(), 0);
     if (locked_ || !tag.isValid() || Editing()) return false;
-    const bool committed = event != nullptr && event->type() == QEvent::InputMethod;
+    const bool composed = event != nullptr && event->type() == QEvent::InputMethod;
     if (trigger == QAbstractItemView::AnyKeyPressed) {
         QString typed;
-        if (committed) {
+        if (composed) {
             typed = static_cast<QInputMethodEvent*>(event)->commitString();
         } else if (event != nullptr && event->type() == QEvent::KeyPress) {
             typed = static_cast<QKeyEvent*>(event)->text();
@@ -173,7 +172,7 @@ bool QXEditList::edit(const QModelIndex& /*index*/, EditTrigger trigger, QEvent*
     if (!QTreeWidget::edit(tag, trigger, event)) return false;
     // Of what can begin the editing, the toolkit hands keys alone on to the editor.
     auto* editor = findChild<QLineEdit*>(QStringLiteral("tag"));
-    if (committed && editor != nullptr) QCoreApplication::sendEvent(editor, event);
+    if (composed && editor != nullptr) QCoreApplication::sendEvent(editor, event);
     return true;
 }
 

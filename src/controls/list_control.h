@@ -72,9 +72,9 @@ class CListControl : public CControl<Base> {
     }
 
     /// Colours of a selected row, and of any other that has none of its own.
-    CRowDelegate::SColours RowColours(bool selected) const {
-        if (selected) return {ToQColor(selectedColor_), ToQColor(selectedForeColor_)};
-        return {this->palette().color(QPalette::Base), this->palette().color(QPalette::Text)};
+    SInk RowColours(bool selected) const {
+        if (selected) return {ToQColor(selectedForeColor_), ToQColor(selectedColor_)};
+        return {this->palette().color(QPalette::Text), this->palette().color(QPalette::Base)};
     }
 
     void LookChanged() override {

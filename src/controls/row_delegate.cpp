@@ -10,14 +10,10 @@ CRowDelegate::CRowDelegate(QWidget* list, Look look, std::function<int()> rowHei
     : QStyledItemDelegate(list), list_(list), look_(std::move(look)), rowHeight_(std::move(rowHeight)) {}
 
 void CRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const SColours colours = look_(index, (option.state & QStyle::State_Selected) != 0);
-    painter->fillRect(option.rect, colours.back);
-    QRectF area(option.rect);
-    area.adjust(8, 0, -4, 0);
-    area.setHeight(std::min(area.height(), QFontMetricsF(list_->font()).height() * 1.9));  // one line, always
-    area.moveCenter(QPointF(area.center().x(), QRectF(option.rect).center().y()));
-    MPainting::DrawCaption(*painter, area, ForDisplay(index.data().toString()).replace(u'\n', u' '), list_->font(),
-                           colours.fore, colours.back, Qt::AlignLeft | Qt::AlignVCenter);
+    const SInk ink = look_(index, (option.state & QStyle::State_Selected) != 0);
+    painter->fillRect(option.rect, ink.ground);
+    MPainting::DrawCaption(*painter, option.rect.adjusted(8, 0, -4, 0), ForDisplay(index.data().toString()),
+                           list_->font(), ink.text, ink.ground, Qt::AlignLeft | Qt::AlignVCenter, 1);
 }
 
 QSize CRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {

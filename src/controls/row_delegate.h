@@ -3,14 +3,12 @@
 #include <QStyledItemDelegate>
 #include <functional>
 
+#include "controls/colour.h"
+
 /// Paints the rows of the lists.
 class CRowDelegate : public QStyledItemDelegate {
   public:
-    struct SColours {
-        QColor back;
-        QColor fore;
-    };
-    using Look = std::function<SColours(const QModelIndex& index, bool selected)>;
+    using Look = std::function<SInk(const QModelIndex& index, bool selected)>;
 
     /// `rowHeight` gives the least height of a row.
     CRowDelegate(QWidget* list, Look look, std::function<int()> rowHeight);
