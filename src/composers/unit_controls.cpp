@@ -20,7 +20,7 @@ void OfferUnitFilters(QXChoiceList& list) {
 }
 
 void LayOutUnitInfo(QXFrame& frame, QXLabel& info) {
-    constexpr int kRoom = 118;
+    constexpr int kRoom = 118;  // for most texts, so that the lists above seldom move
     MLayout::TextInFrame(frame, info, kRoom);
 }
 

@@ -30,9 +30,9 @@ class CTextScroll : public QScrollArea {
     }
     QSize minimumSizeHint() const override {
         constexpr int kLines = 3;
+        constexpr int kWidth = 160;  // a cost is still whole, and few words break
         const int height = kLines * text_.fontMetrics().lineSpacing();
-        return QSize(text_.minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(),
-                     std::min(height, sizeHint().height()));
+        return QSize(kWidth + verticalScrollBar()->sizeHint().width(), std::min(height, sizeHint().height()));
     }
 
   protected:

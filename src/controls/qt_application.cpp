@@ -83,13 +83,20 @@ class CLookStyle : public QProxyStyle {
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
-        const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-        if (element != CE_MenuItem || entry == nullptr || entry->menuItemType != QStyleOptionMenuItem::Separator) {
+        if (element != CE_MenuItem || !IsSeparator(option)) {
             QProxyStyle::drawControl(element, option, painter, widget);
             return;
         }
         const QRect& rect = option->rect;
         painter->fillRect(QRect(rect.left() + 8, rect.center().y(), rect.width() - 16, 1), MenuLine(option->palette));
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& content,
+                           const QWidget* widget) const override {
+        constexpr int kAroundLine = 7;
+        QSize size = QProxyStyle::sizeFromContents(type, option, content, widget);
+        if (IsSeparator(option)) size.setHeight(kAroundLine);
+        return size;
     }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
@@ -155,6 +162,10 @@ class CLookStyle : public QProxyStyle {
     }
 
   private:
+    static bool IsSeparator(const QStyleOption* option) {
+        const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        return entry != nullptr && entry->menuItemType == QStyleOptionMenuItem::Separator;
+    }
     static QColor MenuLine(const QPalette& palette) {
         return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.5);
     }

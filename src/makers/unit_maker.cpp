@@ -145,10 +145,10 @@ void FUnitMaker::LayOut() {
     target->addWidget(&lstUnitEquipment, 1);
     target->addLayout(MLayout::ButtonWithArrows(cmdRemoveItem, cmdItemMoveUp, cmdItemMoveDown));
 
-    for (int place = 0; place < DescriptionCount; ++place)
-        MLayout::TextInFrame(frmDescr[place], lblSpecialDescr[place]);
+    constexpr int kRoom = 74;  // for most texts, so that the lists above seldom move
     for (const Descriptions place : {Source, Target})
-        frmDescr[place].setMinimumHeight(110);  // room for most texts, so that the lists above seldom move
+        MLayout::TextInFrame(frmDescr[place], lblSpecialDescr[place], kRoom);
+    MLayout::TextInFrame(frmDescr[Specials], lblSpecialDescr[Specials]);
     lblSpecialDescr[Specials].SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     cmdSpecialProps.setMinimumWidth(120);
     frmDescr[Specials].layout()->addWidget(&cmdSpecialProps);
@@ -231,6 +231,7 @@ void FUnitMaker::ShowStats() {
 
 void FUnitMaker::ShowWithSource() {
     ShowItem();
+    lstUnitEquipment.scrollToTop();
     RefreshSourceList();
 }
 
