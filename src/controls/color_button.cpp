@@ -92,7 +92,9 @@ SInk QXColorButton::Face() const {
 
 SInk QXColorButton::Ink() const {
     const SInk face = Face();
-    return MPainting::CaptionInk(face.text, face.ground);
+    const bool arrow = MPainting::IsArrow(FontName(), caption_);
+    return arrow ? SInk{ReadableOn(face.ground, face.text), face.ground}
+                 : MPainting::CaptionInk(face.text, face.ground);
 }
 
 void QXColorButton::paintEvent(QPaintEvent* /*event*/) {
@@ -121,7 +123,7 @@ void QXColorButton::paintEvent(QPaintEvent* /*event*/) {
     if (MPainting::IsArrow(FontName(), caption_)) {
         const double size = std::min({area.width(), area.height(), QFontMetricsF(font()).height()});
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(MPainting::ArrowPath(caption_[0], area, size), ReadableOn(ground, text));
+        painter.fillPath(MPainting::ArrowPath(caption_[0], area, size), Ink().text);
         return;
     }
     const QString caption = ForDisplay(FromAnsi(caption_));

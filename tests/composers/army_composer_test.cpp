@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QScrollArea>
 #include <QScrollBar>
 
 #include "composers/composer_test.h"
@@ -59,7 +60,8 @@ TEST_F(ArmyComposerTest, ListsStartAtTheirTopAfterAFilterAndShowWhatIsAdded) {
 
 TEST_F(ArmyComposerTest, AtItsSmallestItsListsShowFiveRowsAndItsTextsScroll) {
     MGlobal::SetSkinId(2);  // whose letters are the larger ones
-    Units().Item("Archer").SetDescr(std::string(100, 'W'));
+    for (const char* name : {"Archer", "Cart"})
+        Units().Item(name).SetDescr(std::string(100, 'W'));
     OpenOn({"Archer"});
     Do("lstUnits#0 lstRosterUnits#0");
     form_->resize(form_->minimumSizeHint());
@@ -70,6 +72,12 @@ TEST_F(ArmyComposerTest, AtItsSmallestItsListsShowFiveRowsAndItsTextsScroll) {
     }
     auto& text = Control("lblSpecialDescr(0)");
     EXPECT_GE(text.height(), text.heightForWidth(text.width())) << "no line is lost";
+    auto& bar = *dynamic_cast<QScrollArea*>(text.parent()->parent())->verticalScrollBar();
+    bar.setValue(bar.maximum());
+    EXPECT_LT(text.y(), 0) << "its end can't be reached";
+    Do("lstUnits#1");
+    QApplication::processEvents();
+    EXPECT_EQ(text.y(), 0) << "the next text doesn't start at its head";
 }
 
 TEST_F(ArmyComposerTest, RowsAreMovedAndRemoved) {

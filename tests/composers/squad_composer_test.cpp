@@ -67,9 +67,10 @@ TEST_F(SquadComposerTest, QuantitiesAreEditedInPlace) {
     for (const auto& [typed, squad] : kTyped) {
         TypeQuantity(0, typed);
         EXPECT_EQ(Squad(), squad) << typed;
-        EXPECT_EQ(Control<QXEditList>("lstSquadUnits").ListIndex(), 0) << typed;
-        EXPECT_EQ(Label("lblSpecialDescr(1)").substr(0, 7), "Archer:") << typed;
+        EXPECT_EQ(Control<QXEditList>("lstSquadUnits").ListIndex(), 0) << "not selected after " << typed;
+        EXPECT_EQ(Label("lblSpecialDescr(1)").substr(0, 7), "Archer:") << "no facts of the row after " << typed;
     }
+    EXPECT_EQ(Control<QXEditList>("lstSquadUnits").topLevelItem(0)->toolTip(0), "Click a quantity to change it");
     Expect(BoxKind::Critical, "Run-time error '6':\r\n\r\nOverflow");
     TypeQuantity(0, "32768");
     EXPECT_EQ(Squad(), "Patrol: 10 Archer 1 Cart = 57") << "back to the quantity in force";

@@ -126,6 +126,14 @@ TEST_F(SetupTest, OnlyOkStoresThePathsAndNothingUndoesThem) {
     EXPECT_EQ(ReadBytes(settings), Lines({"[Files]", "ArmyListFile=" + chosen}));
 }
 
+bool Shows(QWidget& control, const QColor& colour) {
+    const QImage image = control.grab().toImage();
+    for (int pixel = 0; pixel < image.width() * image.height(); ++pixel) {
+        if (image.pixelColor(pixel % image.width(), pixel / image.width()) == colour) return true;
+    }
+    return false;
+}
+
 // All forms that the console opens, and itself.
 TEST_F(SetupTest, TextsCanBeReadAndCostsAreWholeInBothSkins) {
     const auto check = [](CForm& form) {
@@ -135,6 +143,11 @@ TEST_F(SetupTest, TextsCanBeReadAndCostsAreWholeInBothSkins) {
             for (const bool on : {false, true}) {
                 if (button != nullptr) button->SetValue(on);
                 EXPECT_GE(Contrast(control->Ink().text, control->Ink().ground), 4.5);
+                if (button == nullptr || button->Caption().empty()) continue;
+                button->SetFontSize(40);  // letters with pixels that are theirs alone, and room for them
+                button->resize(600, 90);
+                EXPECT_TRUE(Shows(*button, button->Ink().text)) << "is painted in another colour than it tells";
+                button->SetFontSize(12);
             }
         }
         if (auto* cost = dynamic_cast<QXTextEdit*>(form.FindControl("tedPointCost"))) {
