@@ -58,7 +58,5 @@ class CGuide : public QObject {
     QDeadlineTimer patience_;
     int pictures_ = 0;
     bool pausing_ = false;
-    // A round of events has begun since the last act. In the round of an act the loop of a window that it has closed
-    // may still be on its way out, and what its caller does next is yet to come.
-    bool newRound_ = true;
+    bool newRound_ = true;  // of events, since the last act: before it a loop that the act has ended may still run
 };

@@ -58,12 +58,6 @@ bool FurnishHome(const QString& home) {
     return true;
 }
 
-// What a screen that nobody sees can't do is no news, and would bury what the tour tells.
-void TellWarnings(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (message.startsWith(QLatin1String("This plugin does not support"))) return;
-    QTextStream(stderr) << qFormatLogMessage(type, context, message) << "\n";
-}
-
 // Without a display the windows open on a screen as large as the one that they are made for, not on the toolkit's small
 // one.
 void ChooseScreen(const QString& folder) {
@@ -75,6 +69,7 @@ void ChooseScreen(const QString& folder) {
                      .arg(int(1280 * scale))
                      .arg(int(800 * scale))
                      .toUtf8());
+    qputenv("QT_LOGGING_RULES", "default.warning=false");  // what a screen that nobody sees can't do is no news
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
 }
 
@@ -91,7 +86,6 @@ int main(int argc, char** argv) {
         QTextStream(stderr) << "The tour can't prepare its folders.\n";
         return 2;
     }
-    qInstallMessageHandler(TellWarnings);
     ChooseScreen(home.path());
     CQtApplication application(argc, argv);
     for (const char* page : {"/ford_watch.html", "/ford_watch.pdf"})

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-#include <algorithm>
 
 #include "controls/ansi_qt.h"
 #include "controls/choice_list.h"
@@ -28,14 +27,15 @@ QString TextOf(QWidget& control) {
 
 // Letters that the test library has no key for come as from an input method.
 void TypeInto(QLineEdit& edit, const QString& text) {
-    const bool plain = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 128; });
-    if (plain) {
-        QTest::keyClicks(&edit, text);
-        return;
+    for (const QChar letter : text) {
+        QInputMethodEvent event;
+        event.setCommitString(letter);
+        if (letter.unicode() < 128) {
+            QTest::keyClick(&edit, letter.toLatin1());
+        } else {
+            QCoreApplication::sendEvent(&edit, &event);
+        }
     }
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QCoreApplication::sendEvent(&edit, &event);
 }
 
 }  // namespace

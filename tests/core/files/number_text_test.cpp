@@ -1,6 +1,5 @@
 #include "core/files/number_text.h"
 
-#include <set>
 
 #include "core/files/ansi_text.h"
 #include "core/files/file_format.h"
@@ -53,11 +52,7 @@ TEST(AnsiText, FoldsCaseAndGoesToUnicodeAndBackCharacterByCharacter) {
     EXPECT_EQ(MAnsiText::ToUtf8("a\xE9\x80\x9F"), "a\u00E9\u20AC\u0178");
 }
 
-TEST(AnsiText, HashSpreadsNamesOfARowAndDiffersFromRunToRun) {
-    std::set<std::size_t> slots;
-    for (int i = 0; i < 4096; ++i)
-        slots.insert(MAnsiText::HashIgnoreCase()("UNITLIST_" + std::to_string(i)) % 65536);
-    EXPECT_GT(slots.size(), 3000u);
+TEST(AnsiText, HashDiffersFromRunToRun) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");  // starts the program anew, whose environment is this one's
     const std::string hash = std::to_string(MAnsiText::HashIgnoreCase()("name"));
     ::setenv("HASH_OF_FIRST_RUN", hash.c_str(), 0);

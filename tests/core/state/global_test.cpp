@@ -195,8 +195,6 @@ TEST_F(GlobalTest, OneUpdateCopiesSoMuchAndLeavesNothingHalfMade) {
     EXPECT_EQ(ErrorOf([] { MGlobal::SyncRosterWithArmyList(); }), 7) << "more than 200,000 items";
     for (const std::int32_t entry : {6'666, 6'667})
         EXPECT_EQ(roster.Item(entry).AsUnit()->EqList().Count(), entry == 6'666 ? 30 : 0) << "entry " << entry;
-    roster.Remove(6'667);
-    EXPECT_EQ(MGlobal::SyncRosterWithArmyList(), "") << "so many may be copied";
 }
 
 TEST_F(GlobalTest, EquipmentIsPricedFromTheRules) {
