@@ -17,9 +17,9 @@
 /// What the equipment lists and the unit lists have in common: an ordered keyed list of wrappers, with positions
 /// from 1. `Sorted` decides where a new element goes, `Indexed` gives it the key of its upper-cased name.
 ///
-/// Item, Remove and Update let the collection's errors out (5 unknown key, 9 position out of range), GetIndex that of an
-/// empty wrapper (91); the other operations trap them. A stored element is renamed through Update, which files it anew;
-/// one that is renamed where it stands keeps its place, and later ones are sorted in by the names as they are.
+/// Item, Remove and Update let the collection's errors out (5 unknown key, 9 position out of range), GetIndex that of
+/// an empty wrapper (91); the other operations trap them. A stored element is renamed through Update, which files it
+/// anew; one that is renamed where it stands keeps its place, and later ones are sorted in by the names as they are.
 template <class TItem>
 class CKeyedList {
   public:
