@@ -1,6 +1,5 @@
 #include "core/files/number_text.h"
 
-
 #include "core/files/ansi_text.h"
 #include "core/files/file_format.h"
 #include "core/files/int16.h"
