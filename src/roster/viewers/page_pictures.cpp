@@ -18,8 +18,6 @@ namespace {
 // Kept for all pictures of a page together, 128 MB.
 constexpr std::int64_t kMostPixels = std::int64_t{32} << 20;
 constexpr qsizetype kMostNames = 1000;
-// Of all pictures one below the other, in pixels of the device: beyond some eight million the layout never ends.
-constexpr double kTallest = 4'000'000;
 
 double ScaleOf(const QTextDocument& document) {
     const QPaintDevice* device = document.documentLayout()->paintDevice();
@@ -61,7 +59,7 @@ void CPagePictures::Index(const QTextDocument& document) {
         paths_.insert(name, resolved);
         pictures_.emplace(resolved, std::nullopt);
     }
-    tallest_ = kTallest / ScaleOf(document) / std::max(PicturesIn(document), 1);
+    tallest_ = kTallestLayout / ScaleOf(document) / std::max(PicturesIn(document), 1);
     pixelsLeft_ = kMostPixels;
     picturesLeft_ = static_cast<std::int64_t>(pictures_.size());
 }

@@ -13,6 +13,10 @@
 class QTextDocument;
 class QTextImageFormat;
 
+/// How tall a page without sheets may be laid out, and all pictures of a page together, in pixels of the device. Where
+/// the toolkit's layout reaches some eight million of them it never ends.
+inline constexpr double kTallestLayout = 4'000'000;
+
 /// Draws the pictures of pages, in their own size. They come from plain paths only, relative ones in the application
 /// folder; each file is read once, whatever names the page has for it. Where their pixels are too many together, fewer
 /// of each are kept; where they would be taller together than the layout counts, they are shown smaller. A picture that

@@ -20,8 +20,6 @@ constexpr double kFooter = 8;   // millimetres at the foot of a sheet
 constexpr double kScale = 0.8;  // a sheet is narrower than a window
 constexpr double kSmallestScale = 0.4;
 constexpr double kReadable = 7;
-// In pixels of the device. Where a layout without pages reaches some eight million of them it never ends.
-constexpr double kTallestPage = 4'000'000;
 
 double Pixels(double millimetres, int dotsPerInch) {
     return millimetres / 25.4 * dotsPerInch;
@@ -208,7 +206,7 @@ std::vector<CPagePrint::SSheet> CPagePrint::Paginate(const QTextDocument& docume
 
 // The pages of this layout are no sheets: the longest documents alone have a second one.
 void CPagePrint::LayOut(QTextDocument& document, double width) {
-    document.setPageSize(QSizeF(width, kTallestPage));
+    document.setPageSize(QSizeF(width, kTallestLayout));
 }
 
 // Lays the page out in the width of a sheet, with the pictures reduced until they leave it room for the rest of their
